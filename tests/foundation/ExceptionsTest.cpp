@@ -1,0 +1,85 @@
+#include <QxXmlLib16/Exceptions.h>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace QxXmlLib16;
+
+TEST(Exceptions, PathIsAppendedToTheMessageOnlyWhenGiven) {
+    CQxValidationException noPath(L"bad", L"");
+    EXPECT_EQ(noPath.GetMessage(), L"bad");
+    EXPECT_EQ(noPath.GetPath(), L"");
+
+    CQxValidationException withPath(L"bad", L"/a/b");
+    EXPECT_EQ(withPath.GetMessage(), L"bad\nPath: /a/b");
+    EXPECT_EQ(withPath.GetPath(), L"/a/b");
+
+    CQxInvalidValueException value(L"v");
+    EXPECT_EQ(value.GetPath(), L"");
+    EXPECT_EQ(value.GetMessage(), L"v");
+}
+
+TEST(Exceptions, FullMessageJoinsTheChainOutermostFirst) {
+    CQxException innermost(L"c");
+    CQxValidationException middle(L"b", L"/r", innermost);
+    CQxException outer(L"a", middle);
+    EXPECT_EQ(outer.GetFullMessage(), L"a\nb\nPath: /r\nc");
+    ASSERT_NE(outer.GetInnerException(), nullptr);
+    ASSERT_NE(outer.GetInnerException()->GetInnerException(), nullptr);
+    EXPECT_EQ(outer.GetInnerException()->GetInnerException()->GetInnerException(), nullptr);
+}
+
+TEST(Exceptions, CloneKeepsTheDynamicClassAndDeepCopiesTheChain) {
+    CQxInvalidNamespaceException original(L"ns", L"/x", CQxOverFlowException(L"inner"));
+    original.SetDetail(L"detail");
+    const CQxException& asBase = original;
+    std::unique_ptr<CQxException> copy(asBase.Clone());
+
+    auto* typed = dynamic_cast<CQxInvalidNamespaceException*>(copy.get());
+    ASSERT_NE(typed, nullptr);
+    EXPECT_EQ(typed->GetDetail(), L"detail");
+    EXPECT_EQ(copy->GetMessage(), original.GetMessage());
+    EXPECT_EQ(copy->GetPath(), L"/x");
+    ASSERT_NE(copy->GetInnerException(), nullptr);
+    EXPECT_NE(copy->GetInnerException(), original.GetInnerException());
+    EXPECT_NE(dynamic_cast<const CQxOverFlowException*>(copy->GetInnerException()), nullptr);
+
+    // Copy construction leaves the detail empty; only Clone carries it.
+    CQxValidationException copied(original);
+    EXPECT_EQ(copied.GetDetail(), L"");
+}
+
+TEST(Exceptions, CloneOfEverySubclassIsOfThatSubclass) {
+    std::unique_ptr<CQxException> e1(static_cast<const CQxException&>(CQxInvalidParamException(L"p")).Clone());
+    std::unique_ptr<CQxException> e2(static_cast<const CQxException&>(CQxInvalidStateException(L"s")).Clone());
+    std::unique_ptr<CQxException> e3(static_cast<const CQxException&>(CQxInvalidValueException(L"v")).Clone());
+    EXPECT_NE(dynamic_cast<CQxInvalidParamException*>(e1.get()), nullptr);
+    EXPECT_NE(dynamic_cast<CQxInvalidStateException*>(e2.get()), nullptr);
+    EXPECT_NE(dynamic_cast<CQxInvalidValueException*>(e3.get()), nullptr);
+}
+
+TEST(Exceptions, AssignmentCopiesMessageAndInnerButKeepsThePath) {
+    CQxException target(L"old", L"/keep");
+    CQxException source(L"new", L"/other", CQxInvalidStateException(L"cause"));
+    target = source;
+    EXPECT_EQ(target.GetMessage(), source.GetMessage());
+    EXPECT_EQ(target.GetPath(), L"/keep");
+    ASSERT_NE(target.GetInnerException(), nullptr);
+    EXPECT_NE(target.GetInnerException(), source.GetInnerException());
+    EXPECT_EQ(target.GetInnerException()->GetMessage(), L"cause");
+
+    CQxException plain(L"x");
+    CQxException empty;
+    empty = plain;
+    EXPECT_EQ(empty.GetInnerException(), nullptr);
+}
+
+TEST(Exceptions, ThrownSubclassesAreCaughtAsTheRoot) {
+    try {
+        throw CQxInvalidValueException(L"boom");
+    } catch (const CQxValidationException& e) {
+        EXPECT_EQ(e.GetMessage(), L"boom");
+    }
+    EXPECT_THROW(throw CQxInvalidNamespaceException(L"n", L""), CQxException);
+}

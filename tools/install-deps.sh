@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Debian packages the library, its tests and its tools need. Quiet when all are present already.
+set -euo pipefail
+packages=(g++ cmake make pkg-config libexpat1-dev libpcre3-dev zlib1g-dev libgtest-dev libxml2-utils python3)
+missing=()
+for p in "${packages[@]}"; do
+    dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+    export DEBIAN_FRONTEND=noninteractive
+    apt-get update -qq
+    apt-get install -y -qq --no-install-recommends "${missing[@]}"
+fi
