@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/support/MessageOf.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -17,16 +19,6 @@ namespace {
 CBinaryData FromText(const char* text) {
     return CBinaryData(reinterpret_cast<unsigned char*>(const_cast<char*>(text)),
                        static_cast<unsigned long>(std::strlen(text)), false);
-}
-
-template <typename Exception, typename Action>
-std::wstring MessageOf(Action action) {
-    try {
-        action();
-    } catch (const Exception& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/support/MessageOf.h"
+
 using namespace QxXmlLib16;
 
 TEST(SerializationContext, FreshContextDefaults) {
@@ -30,29 +32,17 @@ TEST(SerializationContext, TheTwoIgnoreSwitchesExcludeEachOther) {
         L"ones are missing, you can not ignore both\n";
     CSerializationContext first;
     first.SetIgnoreUnknownElements(true);
-    try {
-        first.SetIgnoreMissingMandatoryElements(true);
-        FAIL() << "no exception";
-    } catch (const CQxInvalidStateException& e) {
-        EXPECT_EQ(
-            e.GetMessage(),
-            common +
-                L"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
-    }
+    EXPECT_EQ(
+        MessageOf<CQxInvalidStateException>([&] { first.SetIgnoreMissingMandatoryElements(true); }),
+        common + L"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
     EXPECT_FALSE(first.GetIgnoreMissingMandatoryElements());
     first.SetIgnoreMissingMandatoryElements(false);
 
     CSerializationContext second;
     second.SetIgnoreMissingMandatoryElements(true);
-    try {
-        second.SetIgnoreUnknownElements(true);
-        FAIL() << "no exception";
-    } catch (const CQxInvalidStateException& e) {
-        EXPECT_EQ(
-            e.GetMessage(),
-            common +
-                L"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
-    }
+    EXPECT_EQ(
+        MessageOf<CQxInvalidStateException>([&] { second.SetIgnoreUnknownElements(true); }),
+        common + L"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
     second.SetIgnoreUnknownElements(false);
     second.SetIgnoreMissingMandatoryElements(false);
     second.SetIgnoreUnknownElements(true);
@@ -63,12 +53,8 @@ TEST(SerializationContext, IndentAcceptsOnlyTabsAndBlanks) {
     CSerializationContext context;
     context.SetIndentChars(L"  \t");
     EXPECT_EQ(context.GetIndentChars(), L"  \t");
-    try {
-        context.SetIndentChars(L" x");
-        FAIL() << "no exception";
-    } catch (const CQxInvalidParamException& e) {
-        EXPECT_EQ(e.GetMessage(), L"IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
-    }
+    EXPECT_EQ(MessageOf<CQxInvalidParamException>([&] { context.SetIndentChars(L" x"); }),
+              L"IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
     EXPECT_EQ(context.GetIndentChars(), L"  \t");
     context.SetIndentChars(nullptr);
     EXPECT_EQ(context.GetIndentChars(), L"");
@@ -123,12 +109,8 @@ TEST(NamespaceAliasMap, LookupsByAliasAndByUri) {
     map.Add(L"s", L"urn:y");
     map.Add(L"s", L"urn:x");
     EXPECT_EQ(map.GetNamespaceFromAlias(L"s"), L"urn:x"); // the URI that sorts first
-    try {
-        map.GetNamespaceFromAlias(L"q");
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), L"Namespace alias [q] not found");
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] { map.GetNamespaceFromAlias(L"q"); }),
+              L"Namespace alias [q] not found");
     const CNamespaceAliasMap& constMap = map;
     EXPECT_EQ(constMap.GetAliasFromNamespace(L"urn:new"), L"");
     EXPECT_EQ(map.GetNamespaceCount(), 3); // the lookup inserted the URI

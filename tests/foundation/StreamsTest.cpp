@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/support/MessageOf.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -87,12 +89,8 @@ TEST(TextStream, EncodesInEachEncoding) {
 
     CTextStream unknown(static_cast<XmlEncoding>(0));
     unknown.Append(L"x");
-    try {
-        unknown.GetEncodedStream();
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), L"Unknown Encoding, select UTF-8 (contact our support team)");
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] { unknown.GetEncodedStream(); }),
+              L"Unknown Encoding, select UTF-8 (contact our support team)");
 }
 
 TEST(FileTextStream, WritesByteOrderMarksAndFlushedText) {
@@ -124,27 +122,12 @@ TEST(FileStreams, UnwritableFilesAreReported) {
     const std::wstring path = Wide(TempPath("qx-no-such-folder/out.xml"));
     const std::wstring expected = L"Failed to write data to the file [" + path + L"].";
     CFileTextStream text(path.c_str(), encUTF16);
-    try {
-        text.Open();
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), expected);
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] { text.Open(); }), expected);
     CFileTextStream neverOpened(path.c_str(), encUTF8);
     neverOpened.Append(L"x");
-    try {
-        neverOpened.Flush();
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), L"Failed to write data to the file");
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] { neverOpened.Flush(); }), L"Failed to write data to the file");
     CFileBinaryStream binary(path.c_str(), encUTF8);
-    try {
-        binary.ToFile();
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), expected);
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] { binary.ToFile(); }), expected);
 }
 
 TEST(FileBinaryStream, WritesTheCollectedOctets) {
@@ -200,12 +183,10 @@ TEST(QxZip, DataThatDoesNotShrinkCannotBeCompressed) {
     for (char& c : noise)
         c = static_cast<char>(random());
     CBinaryData data(MallocCopy(noise), 100, true);
-    try {
-        CQxZip::CompressData(data, ctGzip);
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage().rfind(L"Failed to compress data. [Error Code: ", 0), 0u);
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] {
+                  CQxZip::CompressData(data, ctGzip);
+              }).rfind(L"Failed to compress data. [Error Code: ", 0),
+              0u);
     EXPECT_EQ(AsString(data), noise); // left as it was
 
     CBinaryData zeros(MallocCopy(std::string(100, '\0')), 100, true);

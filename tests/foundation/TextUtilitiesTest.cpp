@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/support/MessageOf.h"
+
 #include <clocale>
 #include <cstdio>
 #include <string>
@@ -88,14 +90,10 @@ TEST(TestRegEx, TranslatesSchemaEscapesAndAnchorsBothEnds) {
 }
 
 TEST(TestRegEx, PatternThatDoesNotCompileNamesItself) {
-    try {
-        TestRegEx("[a-", L"a");
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        const std::wstring prefix = L"Invalid Regular Expression: [a- Error: '";
-        EXPECT_EQ(e.GetMessage().substr(0, prefix.size()), prefix);
-        EXPECT_EQ(e.GetMessage().back(), L'\'');
-    }
+    const std::wstring message = MessageOf<CQxException>([] { TestRegEx("[a-", L"a"); });
+    const std::wstring prefix = L"Invalid Regular Expression: [a- Error: '";
+    EXPECT_EQ(message.substr(0, prefix.size()), prefix);
+    EXPECT_EQ(message.back(), L'\'');
 }
 
 TEST(Whitespace, RulesNormaliseLineEndsAndBlanks) {
@@ -122,10 +120,8 @@ TEST(Whitespace, RulesNormaliseLineEndsAndBlanks) {
 }
 
 TEST(Whitespace, UnknownRuleIsRefused) {
-    try {
-        CWhitespaceUtils::ApplyRule(static_cast<CWhitespaceUtils::WhitespaceRule>(4), L"a");
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), L"Unknown WhitespaceRule");
-    }
+    EXPECT_EQ(MessageOf<CQxException>([&] {
+                  CWhitespaceUtils::ApplyRule(static_cast<CWhitespaceUtils::WhitespaceRule>(4), L"a");
+              }),
+              L"Unknown WhitespaceRule");
 }
