@@ -18,3 +18,5 @@
 #include <QxXmlLib16/BinaryStream.h>
 #include <QxXmlLib16/NamespaceAliasMap.h>
 #include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/BigInteger.h>
+#include <QxXmlLib16/Decimal.h>
