@@ -69,7 +69,7 @@ TEST(DecimalTest, InvalidTextIsReportedAtItsPositionAndLeavesTheValue) {
     EXPECT_EQ(value.ToString(), L"81");
 }
 
-// Runs longer than the 511 integer or fraction digits or 31 exponent digits of the design, and
+// Runs longer than the 511 integer or fraction digits or 31 exponent digits the text form supports, and
 // exponents beyond 1000, are rejected at the first digit too many.
 TEST(DecimalTest, RejectsDigitRunsBeyondTheSupportedRange) {
     const std::wstring nines(511, L'9');
