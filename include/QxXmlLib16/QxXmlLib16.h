@@ -20,3 +20,5 @@
 #include <QxXmlLib16/SerializationContext.h>
 #include <QxXmlLib16/DateTimeSpan.h>
 #include <QxXmlLib16/DateTime.h>
+#include <QxXmlLib16/BigInteger.h>
+#include <QxXmlLib16/Decimal.h>
