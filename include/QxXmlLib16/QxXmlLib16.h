@@ -18,3 +18,4 @@
 #include <QxXmlLib16/BinaryStream.h>
 #include <QxXmlLib16/NamespaceAliasMap.h>
 #include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/Conversions.h>

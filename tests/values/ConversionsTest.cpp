@@ -1,0 +1,259 @@
+#include <QxXmlLib16/Conversions.h>
+#include <QxXmlLib16/Exceptions.h>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+using namespace QxXmlLib16;
+using Rule = CWhitespaceUtils::WhitespaceRule;
+using C = CConversions;
+
+namespace {
+
+const Rule kNone = CWhitespaceUtils::wsNone;
+const Rule kPreserve = CWhitespaceUtils::wsPreserve;
+const Rule kCollapse = CWhitespaceUtils::wsCollapse;
+
+// The message of the CQxInvalidValueException that call throws, or a marker when it throws none.
+std::wstring FailureOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const CQxInvalidValueException& e) {
+        return e.GetMessage();
+    }
+    return L"(no exception)";
+}
+
+struct Failure {
+    std::function<void(const std::wstring&)> parse;
+    const wchar_t* text;
+    const wchar_t* message;
+};
+
+template <class F>
+std::function<void(const std::wstring&)> Collapsing(F parse) {
+    return [parse](const std::wstring& text) { parse(text, kCollapse); };
+}
+
+} // namespace
+
+TEST(ConversionsIntegers, ParseTheWholeTextInBaseTen) {
+    EXPECT_EQ(C::i4FromString(L" 12 ", kCollapse), 12);
+    EXPECT_EQ(C::i4FromString(L"\t-7\r\n", kCollapse), -7);
+    EXPECT_EQ(C::i4FromString(L"+0012", kNone), 12);
+    EXPECT_EQ(C::i4FromString(L"2147483647", kNone), 2147483647L);
+    EXPECT_EQ(C::i4FromString(L"-2147483648", kNone), -2147483648L);
+    // The C library's own syntax still applies where the rule leaves whitespace in front.
+    EXPECT_EQ(C::i4FromString(L" 12", kNone), 12);
+    EXPECT_EQ(C::i8FromString(L"-9223372036854775808", kNone), std::numeric_limits<long long>::min());
+    EXPECT_EQ(C::i8FromString(L"123456789012345678", kNone), 123456789012345678LL);
+    EXPECT_EQ(C::ui4FromString(L"4294967295", kNone), 4294967295UL);
+    EXPECT_EQ(C::ui8FromString(L"18446744073709551615", kNone),
+              std::numeric_limits<unsigned long long>::max());
+    EXPECT_EQ(C::ui8FromString(L"-0", kNone), 0u);
+    EXPECT_EQ(C::i1FromString(L"-128", kNone), -128);
+    EXPECT_EQ(C::i2FromString(L"32767", kNone), 32767);
+    EXPECT_EQ(C::ui1FromString(L"255", kNone), 255);
+    EXPECT_EQ(C::ui2FromString(L"65535", kNone), 65535);
+}
+
+TEST(ConversionsIntegers, ReportMalformedAndOutOfRangeText) {
+    const Failure failures[] = {
+        {Collapsing(C::i4FromString), L"", L"The value [] can not be converted to a i4"},
+        {Collapsing(C::i4FromString), L"   ", L"The value [] can not be converted to a i4"},
+        {Collapsing(C::i4FromString), L"12a", L"The value [12a] can not be converted to a i4"},
+        {Collapsing(C::i4FromString), L"1 2", L"The value [1 2] can not be converted to a i4"},
+        {Collapsing(C::i4FromString), L"-", L"The value [-] can not be converted to a i4"},
+        {Collapsing(C::i4FromString), L"2147483648", L"The value [2147483648] is to large to fit in a i4"},
+        {Collapsing(C::i4FromString), L"-2147483649", L"The value [-2147483649] is to large to fit in a i4"},
+        {Collapsing(C::i4FromString), L"99999999999999999999",
+         L"The value [99999999999999999999] is to large to fit in a i4"},
+        {Collapsing(C::i8FromString), L"x", L"The value [x] can not be converted to a i8"},
+        {Collapsing(C::i8FromString), L"9223372036854775808",
+         L"The value [9223372036854775808] is to large to fit in a i8"},
+        {Collapsing(C::ui4FromString), L"4294967296", L"The value [4294967296] is to large to fit in a ui4"},
+        {Collapsing(C::ui4FromString), L"-1", L"The value [-1] is to large to fit in a ui4"},
+        {Collapsing(C::ui8FromString), L"-1", L"The value [-1] is to large to fit in a ui8"},
+        {Collapsing(C::ui8FromString), L" -00000000000000000000001",
+         L"The value [-00000000000000000000001] is to large to fit in a ui8"},
+        {Collapsing(C::ui8FromString), L"18446744073709551616",
+         L"The value [18446744073709551616] is to large to fit in a ui8"},
+        {Collapsing(C::ui8FromString), L"1.0", L"The value [1.0] can not be converted to a ui8"},
+        // The narrow kinds read through the 32-bit ones, and say "to large" below the range too.
+        {Collapsing(C::i1FromString), L"128", L"The value [128] is to large to fit in a i1"},
+        {Collapsing(C::i1FromString), L" -129 ", L"The value [-129] is to large to fit in a i1"},
+        {Collapsing(C::i1FromString), L"z", L"The value [z] can not be converted to a i4"},
+        {Collapsing(C::i2FromString), L"-32769", L"The value [-32769] is to large to fit in a i2"},
+        {Collapsing(C::ui1FromString), L"256", L"The value [256] is to large to fit in a ui1"},
+        {Collapsing(C::ui1FromString), L"-1", L"The value [-1] is to large to fit in a ui4"},
+        {Collapsing(C::ui2FromString), L"65536", L"The value [65536] is to large to fit in a ui2"},
+    };
+    for (const Failure& f : failures)
+        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
+    EXPECT_EQ(FailureOf([] { C::i4FromString(L"12 ", kPreserve); }),
+              L"The value [12 ] can not be converted to a i4");
+    EXPECT_EQ(FailureOf([] {
+                  C::i4FromString(std::wstring(L"1\0"
+                                               L"2",
+                                               3),
+                                  kNone);
+              }),
+              std::wstring(L"The value [1] can not be converted to a i4"));
+}
+
+TEST(ConversionsIntegers, UnknownWhitespaceRuleIsReported) {
+    try {
+        C::i4FromString(L"1", static_cast<Rule>(9));
+        FAIL() << "no exception";
+    } catch (const CQxException& e) {
+        EXPECT_EQ(e.GetMessage(), L"Unknown WhitespaceRule");
+    }
+}
+
+TEST(ConversionsIntegers, TextIsThatOfPrintf) {
+    EXPECT_EQ(C::i1ToString(-128), L"-128");
+    EXPECT_EQ(C::i2ToString(-32768), L"-32768");
+    EXPECT_EQ(C::i4ToString(0), L"0");
+    EXPECT_EQ(C::i4ToString(-2147483647L - 1), L"-2147483648");
+    EXPECT_EQ(C::i8ToString(std::numeric_limits<long long>::min()), L"-9223372036854775808");
+    EXPECT_EQ(C::ui1ToString(255), L"255");
+    EXPECT_EQ(C::ui2ToString(65535), L"65535");
+    EXPECT_EQ(C::ui4ToString(4294967295UL), L"4294967295");
+    EXPECT_EQ(C::ui8ToString(std::numeric_limits<unsigned long long>::max()), L"18446744073709551615");
+    EXPECT_EQ(C::yearToString(2024), L"2024");
+    EXPECT_EQ(C::monthToString(5), L"--05");
+    EXPECT_EQ(C::monthToString(12), L"--12");
+    EXPECT_EQ(C::dayToString(7), L"---07");
+    EXPECT_EQ(C::dayToString(123), L"---123");
+}
+
+TEST(ConversionsReals, SpecialSpellingsAreExactAndCaseSensitive) {
+    EXPECT_TRUE(std::isnan(C::r8FromString(L"NaN", kNone)));
+    EXPECT_TRUE(std::isnan(C::r8FromString(L"1.#QNAN", kNone)));
+    EXPECT_TRUE(std::isnan(C::r4FromString(L" -NAN ", kCollapse)));
+    EXPECT_EQ(C::r8FromString(L"INF", kNone), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(C::r4FromString(L"-INF", kNone), -std::numeric_limits<float>::infinity());
+    // Other spellings are the C library's business.
+    EXPECT_EQ(C::r8FromString(L"inf", kNone), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(C::r8FromString(L"1e999", kNone), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(C::r4FromString(L"-1e300", kNone), -std::numeric_limits<float>::infinity());
+    EXPECT_EQ(C::r8FromString(L" 1.5e2 ", kCollapse), 150.0);
+    EXPECT_EQ(C::r4FromString(L"0.1", kNone), 0.1f);
+    EXPECT_EQ(C::r8FromString(L"-0.1", kNone), -0.1);
+}
+
+TEST(ConversionsReals, ReportTextNotConsumedWhole) {
+    const Failure failures[] = {
+        {Collapsing(C::r8FromString), L"", L"The value [] can not be converted to a r8"},
+        {Collapsing(C::r8FromString), L"1.5x", L"The value [1.5x] can not be converted to a r8"},
+        {Collapsing(C::r8FromString), L"Inf inity", L"The value [Inf inity] can not be converted to a r8"},
+        {Collapsing(C::r4FromString), L"\n", L"The value [] can not be converted to a r4"},
+        {Collapsing(C::r4FromString), L"nan x", L"The value [nan x] can not be converted to a r4"},
+    };
+    for (const Failure& f : failures)
+        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
+}
+
+TEST(ConversionsReals, TextKeepsSixteenOrSevenSignificantDigits) {
+    EXPECT_EQ(C::r8ToString(1.0 / 3), L"0.3333333333333333");
+    EXPECT_EQ(C::r4ToString(0.1f), L"0.1");
+    EXPECT_EQ(C::r4ToString(1.0f / 3), L"0.3333333");
+    EXPECT_EQ(C::r8ToString(0.1), L"0.1");
+    EXPECT_EQ(C::r8ToString(1e21), L"1e+21");
+    EXPECT_EQ(C::r8ToString(-0.0), L"-0");
+    EXPECT_EQ(C::r8ToString(123456789012345678.0), L"1.234567890123457e+17");
+    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::infinity()), L"INF");
+    EXPECT_EQ(C::r8ToString(-std::numeric_limits<double>::infinity()), L"-INF");
+    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::quiet_NaN()), L"NaN");
+    EXPECT_EQ(C::r4ToString(-std::numeric_limits<float>::quiet_NaN()), L"NaN");
+    EXPECT_EQ(C::r4ToString(std::numeric_limits<float>::infinity()), L"INF");
+    EXPECT_EQ(C::r8ToString(2.5, L"%.3f"), L"2.500");
+    EXPECT_EQ(C::r8ToString(2.5, L""), L"2.5");
+    EXPECT_EQ(C::r4ToString(2.5f, L"%e"), L"2.500000e+00");
+    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::infinity(), L"%.3f"), L"INF");
+}
+
+TEST(ConversionsReals, DefaultTextMatchesWidePrintfForManyValues) {
+    wchar_t expected[64];
+    unsigned seed = 12345;
+    for (int i = 0; i < 3000; ++i) {
+        seed = seed * 1103515245u + 12345u;
+        // Mantissas below one and exponents from subnormal to the top of the range.
+        double value = (seed >> 8) / 16777216.0 * std::pow(10.0, static_cast<int>(seed % 630) - 322);
+        if (seed & 1) value = -value;
+        swprintf(expected, 64, L"%.16g", value);
+        ASSERT_EQ(C::r8ToString(value), expected);
+        if (std::fabs(value) > std::numeric_limits<float>::max()) continue;
+        swprintf(expected, 64, L"%.7g", static_cast<double>(static_cast<float>(value)));
+        ASSERT_EQ(C::r4ToString(static_cast<float>(value)), expected);
+    }
+}
+
+TEST(ConversionsBooleanAndChar, AcceptOnlyTheirSpellings) {
+    EXPECT_TRUE(C::booleanFromString(L"TRUE", kNone));
+    EXPECT_TRUE(C::booleanFromString(L" tRuE ", kCollapse));
+    EXPECT_TRUE(C::booleanFromString(L"1", kNone));
+    EXPECT_FALSE(C::booleanFromString(L"False", kNone));
+    EXPECT_FALSE(C::booleanFromString(L"0", kNone));
+    EXPECT_EQ(C::booleanToString(true), L"true");
+    EXPECT_EQ(C::booleanToString(false), L"false");
+    EXPECT_EQ(C::charFromString(L"\x20AC", kNone), L'\x20AC');
+    EXPECT_EQ(C::charFromString(L" x ", kCollapse), L'x');
+    EXPECT_EQ(C::charToString(L'y'), L"y");
+
+    const Failure failures[] = {
+        {Collapsing(C::booleanFromString), L"yes",
+         L"A Boolean Value read from an XML document was invalid [yes]. Valid values are 'true', 'false', "
+         L"'1', or '0'"},
+        {Collapsing(C::booleanFromString), L"truex",
+         L"A Boolean Value read from an XML document was invalid [truex]. Valid values are 'true', 'false', "
+         L"'1', or "
+         L"'0'"},
+        {Collapsing(C::booleanFromString), L"",
+         L"A Boolean Value read from an XML document was invalid []. Valid values are 'true', 'false', '1', "
+         L"or '0'"},
+        {Collapsing(C::charFromString), L"",
+         L"The value [] can not be a char as it is either empty of greater than 1 char long"},
+        {Collapsing(C::charFromString), L"ab",
+         L"The value [ab] can not be a char as it is either empty of greater than 1 char long"},
+    };
+    for (const Failure& f : failures)
+        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
+}
+
+TEST(ConversionsStrings, ApplyTheRuleOnlyOnTheWayIn) {
+    EXPECT_EQ(C::stringFromString(L"  a \t\n b  ", kCollapse), L"a b");
+    EXPECT_EQ(C::stringFromString(L"a\r\nb", CWhitespaceUtils::wsReplace), L"a b");
+    EXPECT_EQ(C::stringFromString(L"a\r\nb", kPreserve), L"a\nb");
+    EXPECT_EQ(C::stringFromString(L" a  b ", kNone), L" a  b ");
+    EXPECT_EQ(C::stringFromString(L"a b", kCollapse), L"a b");
+    EXPECT_EQ(C::stringToString(L" a "), L" a ");
+}
+
+TEST(ConversionsYearMonthDay, ReadTheirOwnText) {
+    EXPECT_EQ(C::yearFromString(L" 2024 ", kCollapse), 2024);
+    EXPECT_EQ(C::yearFromString(L"65535", kNone), 65535);
+    EXPECT_EQ(C::monthFromString(L"--05", kNone), 5);
+    EXPECT_EQ(C::monthFromString(L"\t--12\n", kCollapse), 12);
+    EXPECT_EQ(C::dayFromString(L"---07", kNone), 7);
+    EXPECT_EQ(C::dayFromString(L"---31", kNone), 31);
+
+    const Failure failures[] = {
+        {Collapsing(C::yearFromString), L"65536", L"The value [65536] is to large to fit in a year"},
+        {Collapsing(C::yearFromString), L"20x4", L"The value [20x4] can not be converted to a year"},
+        {Collapsing(C::monthFromString), L"--13", L"The value [--13] can not be converted to a month"},
+        {Collapsing(C::monthFromString), L"--00", L"The value [--00] can not be converted to a month"},
+        {Collapsing(C::monthFromString), L"--5", L"The value [--5] can not be converted to a month"},
+        {Collapsing(C::monthFromString), L"--05Z", L"The value [--05Z] can not be converted to a month"},
+        {Collapsing(C::monthFromString), L"-05", L"The value [-05] can not be converted to a month"},
+        {Collapsing(C::monthFromString), L"--/5", L"The value [--/5] can not be converted to a month"},
+        {Collapsing(C::dayFromString), L"---32", L"The value [---32] can not be converted to a day"},
+        {Collapsing(C::dayFromString), L"--07", L"The value [--07] can not be converted to a day"},
+        {Collapsing(C::dayFromString), L"", L"The value [] can not be converted to a day"},
+    };
+    for (const Failure& f : failures)
+        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
+}
