@@ -160,17 +160,37 @@ std::wstring IntegerText(T value, const wchar_t* prefix = L"", int minDigits = 1
     return std::wstring(p, end);
 }
 
+// Plain decimal text (digits, point, exponent) goes to from_chars, which rounds exactly as wcstod
+// does in the "C" locale at a fraction of its cost; any other text is left to wcstod.
+bool ParsePlainReal(const std::wstring& text, double& value) {
+    char narrow[64];
+    if (text.size() >= sizeof narrow || text[0] == L'+') return false;
+    for (size_t i = 0; i < text.size(); ++i) {
+        wchar_t c = text[i];
+        bool plain =
+            (c >= L'0' && c <= L'9') || c == L'.' || c == L'-' || c == L'+' || c == L'e' || c == L'E';
+        if (!plain) return false;
+        narrow[i] = static_cast<char>(c);
+    }
+    auto result = std::from_chars(narrow, narrow + text.size(), value);
+    return result.ec == std::errc() && result.ptr == narrow + text.size();
+}
+
 template <class T>
 T ParseReal(const std::wstring& original, CWhitespaceUtils::WhitespaceRule rule, const wchar_t* kind) {
     std::wstring scratch;
     const std::wstring& text = ApplyRule(original, rule, scratch);
     if (text.empty()) Fail(kNotConverted, text, kind);
-    if (text == L"NaN" || text == L"1.#QNAN" || text == L"-NAN") return std::numeric_limits<T>::quiet_NaN();
-    if (text == L"INF") return std::numeric_limits<T>::infinity();
-    if (text == L"-INF") return -std::numeric_limits<T>::infinity();
-    wchar_t* end;
-    double value = std::wcstod(text.c_str(), &end);
-    if (end == text.c_str() || end != text.c_str() + text.size()) Fail(kNotConverted, text, kind);
+    double value;
+    if (!ParsePlainReal(text, value)) {
+        if (text == L"NaN" || text == L"1.#QNAN" || text == L"-NAN")
+            return std::numeric_limits<T>::quiet_NaN();
+        if (text == L"INF") return std::numeric_limits<T>::infinity();
+        if (text == L"-INF") return -std::numeric_limits<T>::infinity();
+        wchar_t* end;
+        value = std::wcstod(text.c_str(), &end);
+        if (end == text.c_str() || end != text.c_str() + text.size()) Fail(kNotConverted, text, kind);
+    }
     if constexpr (std::is_same_v<T, float>) {
         // Narrowing a double beyond the float range is undefined; the overflow is infinity.
         if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())

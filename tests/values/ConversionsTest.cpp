@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <functional>
 #include <limits>
+#include <vector>
 
 using namespace QxXmlLib16;
 using Rule = CWhitespaceUtils::WhitespaceRule;
@@ -143,6 +145,45 @@ TEST(ConversionsReals, SpecialSpellingsAreExactAndCaseSensitive) {
     EXPECT_EQ(C::r8FromString(L" 1.5e2 ", kCollapse), 150.0);
     EXPECT_EQ(C::r4FromString(L"0.1", kNone), 0.1f);
     EXPECT_EQ(C::r8FromString(L"-0.1", kNone), -0.1);
+}
+
+TEST(ConversionsReals, ValuesAreBitForBitThoseOfWcstod) {
+    std::vector<std::wstring> texts = {L"0",
+                                       L"-0",
+                                       L".5",
+                                       L"5.",
+                                       L"-.5e-3",
+                                       L"1e+5",
+                                       L"00012.50",
+                                       L"1e-400",
+                                       L"-1e400",
+                                       L"4.9e-324",
+                                       L"2.2250738585072011e-308",
+                                       L"1.7976931348623157e308",
+                                       L"9007199254740993",
+                                       L"0.1000000000000000055511151231257827",
+                                       L"123456789012345678901234567890e-5",
+                                       L"+1.5",
+                                       L"0x1p3",
+                                       L"infinity",
+                                       L"nan"};
+    unsigned seed = 777;
+    wchar_t printed[64];
+    for (int i = 0; i < 3000; ++i) {
+        seed = seed * 1103515245u + 12345u;
+        double value = (seed >> 8) / 16777216.0 * std::pow(10.0, static_cast<int>(seed % 630) - 322);
+        swprintf(printed, 64, i % 2 ? L"%.17g" : L"%.25e", value);
+        texts.push_back(printed);
+    }
+    for (const std::wstring& text : texts) {
+        double expected = std::wcstod(text.c_str(), nullptr);
+        double actual = C::r8FromString(text, kNone);
+        if (std::isnan(expected)) {
+            EXPECT_TRUE(std::isnan(actual)) << text;
+        } else {
+            EXPECT_EQ(std::memcmp(&expected, &actual, sizeof actual), 0) << text;
+        }
+    }
 }
 
 TEST(ConversionsReals, ReportTextNotConsumedWhole) {
