@@ -1,5 +1,6 @@
 #include <QxXmlLib16/Conversions.h>
 
+#include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 
@@ -388,6 +389,27 @@ std::wstring CConversions::monthToString(unsigned char value) {
 }
 std::wstring CConversions::dayToString(unsigned char value) {
     return IntegerText(static_cast<unsigned>(value), L"---", 2);
+}
+
+CBinaryData CConversions::hexBinaryFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    CBinaryData value;
+    value.SetAsHexString(ApplyRule(text, rule, scratch).c_str());
+    return value;
+}
+
+CBinaryData CConversions::base64BinaryFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    CBinaryData value;
+    value.SetAsBase64(ApplyRule(text, rule, scratch).c_str());
+    return value;
+}
+
+std::wstring CConversions::hexBinaryToString(const CBinaryData& value) {
+    return value.GetAsHexString();
+}
+std::wstring CConversions::base64BinaryToString(const CBinaryData& value) {
+    return value.GetAsBase64();
 }
 
 } // namespace QxXmlLib16

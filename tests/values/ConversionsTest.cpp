@@ -1,3 +1,4 @@
+#include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/Conversions.h>
 #include <QxXmlLib16/Exceptions.h>
 
@@ -297,4 +298,21 @@ TEST(ConversionsYearMonthDay, ReadTheirOwnText) {
     };
     for (const Failure& f : failures)
         EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
+}
+
+TEST(ConversionsBinary, HexAndBase64GoThroughTheBinaryValue) {
+    CBinaryData hex = C::hexBinaryFromString(L" 0a1B\n", kCollapse);
+    ASSERT_EQ(hex.GetLength(), 2u);
+    EXPECT_EQ(hex[0], 0x0A);
+    EXPECT_EQ(hex[1], 0x1B);
+    EXPECT_EQ(C::hexBinaryToString(hex), L"0A1B");
+    EXPECT_EQ(C::base64BinaryToString(C::base64BinaryFromString(L"AQID", kNone)), L"AQID");
+    unsigned char octets[] = {1, 2, 3};
+    EXPECT_EQ(C::base64BinaryFromString(L"AQID", kNone), CBinaryData(octets, 3, false));
+    try {
+        C::hexBinaryFromString(L"ABC", kNone);
+        FAIL() << "no exception";
+    } catch (const CQxException& e) {
+        EXPECT_EQ(e.GetMessage(), L"Invalid length in hex string");
+    }
 }
