@@ -19,3 +19,5 @@
 #include <QxXmlLib16/NamespaceAliasMap.h>
 #include <QxXmlLib16/SerializationContext.h>
 #include <QxXmlLib16/Conversions.h>
+#include <QxXmlLib16/DateTimeSpan.h>
+#include <QxXmlLib16/DateTime.h>
