@@ -1,6 +1,8 @@
 #include <QxXmlLib16/Conversions.h>
 
 #include <QxXmlLib16/BinaryData.h>
+#include <QxXmlLib16/DateTime.h>
+#include <QxXmlLib16/DateTimeSpan.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 
@@ -241,6 +243,20 @@ unsigned char ParseMonthOrDay(const std::wstring& original, CWhitespaceUtils::Wh
     return static_cast<unsigned char>(value);
 }
 
+// The parser takes any of the eight lexical forms, so the kind it found must be the one asked for.
+CDateTime ParseDateTimeKind(const std::wstring& original, CWhitespaceUtils::WhitespaceRule rule,
+                            CDateTime::DTType kind, const wchar_t* kindName) {
+    std::wstring scratch;
+    const std::wstring& text = ApplyRule(original, rule, scratch);
+    CDateTime value = CDateTime::ParseXSDDateTime(text.c_str());
+    if (value.GetType() != kind) Fail(kNotConverted, text, kindName);
+    return value;
+}
+
+std::wstring DateTimeText(const CDateTime& value, const std::wstring& format) {
+    return value.ToString(format.empty() ? nullptr : format.c_str());
+}
+
 } // namespace
 
 char CConversions::i1FromString(const std::wstring& text, WhitespaceRule rule) {
@@ -410,6 +426,53 @@ std::wstring CConversions::hexBinaryToString(const CBinaryData& value) {
 }
 std::wstring CConversions::base64BinaryToString(const CBinaryData& value) {
     return value.GetAsBase64();
+}
+
+CDateTime CConversions::dateFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    return CDateTime::ParseXSDDate(ApplyRule(text, rule, scratch).c_str());
+}
+
+CDateTime CConversions::timeFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    return CDateTime::ParseXSDTime(ApplyRule(text, rule, scratch).c_str());
+}
+
+CDateTime CConversions::datetimeFromString(const std::wstring& text, WhitespaceRule rule) {
+    return ParseDateTimeKind(text, rule, CDateTime::dt_dateTime, L"datetime");
+}
+
+CDateTime CConversions::yearMonthFromString(const std::wstring& text, WhitespaceRule rule) {
+    return ParseDateTimeKind(text, rule, CDateTime::dt_gYearMonth, L"yearMonth");
+}
+
+CDateTime CConversions::monthDayFromString(const std::wstring& text, WhitespaceRule rule) {
+    return ParseDateTimeKind(text, rule, CDateTime::dt_gMonthDay, L"monthDay");
+}
+
+std::wstring CConversions::dateToString(const CDateTime& value, const std::wstring& format) {
+    return DateTimeText(value, format);
+}
+std::wstring CConversions::timeToString(const CDateTime& value, const std::wstring& format) {
+    return DateTimeText(value, format);
+}
+std::wstring CConversions::datetimeToString(const CDateTime& value, const std::wstring& format) {
+    return DateTimeText(value, format);
+}
+std::wstring CConversions::yearMonthToString(const CDateTime& value, const std::wstring& format) {
+    return DateTimeText(value, format);
+}
+std::wstring CConversions::monthDayToString(const CDateTime& value, const std::wstring& format) {
+    return DateTimeText(value, format);
+}
+
+CDateTimeSpan CConversions::durationFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    return CDateTimeSpan::ParseXSDDuration(ApplyRule(text, rule, scratch).c_str());
+}
+
+std::wstring CConversions::durationToString(const CDateTimeSpan& value) {
+    return value.ToString();
 }
 
 } // namespace QxXmlLib16

@@ -1,5 +1,7 @@
 #include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/Conversions.h>
+#include <QxXmlLib16/DateTime.h>
+#include <QxXmlLib16/DateTimeSpan.h>
 #include <QxXmlLib16/Exceptions.h>
 
 #include <gtest/gtest.h>
@@ -315,4 +317,29 @@ TEST(ConversionsBinary, HexAndBase64GoThroughTheBinaryValue) {
     } catch (const CQxException& e) {
         EXPECT_EQ(e.GetMessage(), L"Invalid length in hex string");
     }
+}
+
+TEST(ConversionsDates, EachParserAcceptsOnlyItsKind) {
+    EXPECT_EQ(C::datetimeToString(C::datetimeFromString(L" 2001-10-26T21:32:52.5Z ", kCollapse)),
+              L"2001-10-26T21:32:52.5Z");
+    EXPECT_EQ(C::dateToString(C::dateFromString(L"2000-02-29", kNone)), L"2000-02-29");
+    EXPECT_EQ(C::timeToString(C::timeFromString(L"\t21:32:52+02:00", kCollapse)), L"21:32:52+02:00");
+    EXPECT_EQ(C::yearMonthToString(C::yearMonthFromString(L"-0005-12", kNone)), L"-0005-12");
+    EXPECT_EQ(C::monthDayToString(C::monthDayFromString(L"--02-29", kNone)), L"--02-29");
+    EXPECT_EQ(C::datetimeToString(C::datetimeFromString(L"2001-10-26T21:32:52", kNone), L"x"),
+              L"Unknown Format: x");
+    EXPECT_EQ(C::durationToString(C::durationFromString(L" -P1Y2MT3H4.5S ", kCollapse)), L"-P1Y2MT3H4.5S");
+
+    const Failure failures[] = {
+        {Collapsing(C::datetimeFromString), L"2001-10-26",
+         L"The value [2001-10-26] can not be converted to a datetime"},
+        {Collapsing(C::yearMonthFromString), L"2001",
+         L"The value [2001] can not be converted to a yearMonth"},
+        {Collapsing(C::monthDayFromString), L"--02", L"The value [--02] can not be converted to a monthDay"},
+        {Collapsing(C::dateFromString), L"2001-02-29", L"Invalid Day [29] (1 <= day <= days in month)"},
+        {Collapsing(C::durationFromString), L"PT1.0000000001S",
+         L"Invalid XSD Duration [PT1.0000000001S] Fraction part too long"},
+    };
+    for (const Failure& f : failures)
+        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
 }
