@@ -21,3 +21,5 @@
 #include <QxXmlLib16/Conversions.h>
 #include <QxXmlLib16/DateTimeSpan.h>
 #include <QxXmlLib16/DateTime.h>
+#include <QxXmlLib16/BigInteger.h>
+#include <QxXmlLib16/Decimal.h>
