@@ -1,8 +1,10 @@
 #include <QxXmlLib16/Conversions.h>
 
+#include <QxXmlLib16/BigInteger.h>
 #include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/DateTime.h>
 #include <QxXmlLib16/DateTimeSpan.h>
+#include <QxXmlLib16/Decimal.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 
@@ -472,6 +474,37 @@ CDateTimeSpan CConversions::durationFromString(const std::wstring& text, Whitesp
 }
 
 std::wstring CConversions::durationToString(const CDateTimeSpan& value) {
+    return value.ToString();
+}
+
+CDecimal CConversions::decimalFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    const std::wstring& ruled = ApplyRule(text, rule, scratch);
+    CDecimal value;
+    value.Parse(ruled.data(), ruled.size());
+    return value;
+}
+
+std::wstring CConversions::decimalToString(const CDecimal& value) {
+    return value.ToString();
+}
+
+std::wstring CConversions::decimalToString(const CDecimal& value, const std::wstring& format) {
+    if (format.empty()) return value.ToString();
+    // More than four digits is no sensible precision, and could overflow the count.
+    bool isCount = format.size() <= 4 && std::all_of(format.begin(), format.end(),
+                                                     [](wchar_t c) { return c >= L'0' && c <= L'9'; });
+    if (!isCount)
+        throw CQxInvalidParamException(FormatString(L"Invalid decimal format [%ls]", format.c_str()));
+    return value.ToString(std::stoi(format));
+}
+
+CBigInteger CConversions::integerFromString(const std::wstring& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    return CBigInteger(ApplyRule(text, rule, scratch).c_str());
+}
+
+std::wstring CConversions::integerToString(const CBigInteger& value) {
     return value.ToString();
 }
 

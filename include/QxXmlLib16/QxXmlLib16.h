@@ -23,3 +23,4 @@
 #include <QxXmlLib16/DateTime.h>
 #include <QxXmlLib16/BigInteger.h>
 #include <QxXmlLib16/Decimal.h>
+#include <QxXmlLib16/QxVariant.h>

@@ -1,7 +1,9 @@
+#include <QxXmlLib16/BigInteger.h>
 #include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/Conversions.h>
 #include <QxXmlLib16/DateTime.h>
 #include <QxXmlLib16/DateTimeSpan.h>
+#include <QxXmlLib16/Decimal.h>
 #include <QxXmlLib16/Exceptions.h>
 
 #include <gtest/gtest.h>
@@ -342,4 +344,24 @@ TEST(ConversionsDates, EachParserAcceptsOnlyItsKind) {
     };
     for (const Failure& f : failures)
         EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
+}
+
+TEST(ConversionsNumbers, DecimalAndIntegerKeepEveryDigit) {
+    CDecimal coordinate = C::decimalFromString(L" 47.6443212345678901234567890123 ", kCollapse);
+    EXPECT_EQ(C::decimalToString(coordinate), L"47.6443212345678901234567890123");
+    EXPECT_EQ(C::decimalToString(C::decimalFromString(L"1.005", kNone), L"2"), L"1.01");
+    EXPECT_EQ(C::decimalToString(C::decimalFromString(L"-1.5", kNone), L"3"), L"-1.500");
+    EXPECT_EQ(C::decimalToString(C::decimalFromString(L"2.50", kNone), L""), L"2.5");
+    EXPECT_EQ(C::integerToString(C::integerFromString(L"\n-123456789012345678901234567890 ", kCollapse)),
+              L"-123456789012345678901234567890");
+    EXPECT_EQ(FailureOf([] { C::decimalFromString(L"12a", kNone); }),
+              L"The string representing a Decimal, contained an invalid char at position 2 [12a].");
+    for (const wchar_t* format : {L"x", L"-1", L"2.5", L"12345"}) {
+        try {
+            C::decimalToString(CDecimal(1), format);
+            ADD_FAILURE() << "no exception for " << format;
+        } catch (const CQxInvalidParamException& e) {
+            EXPECT_EQ(e.GetMessage(), std::wstring(L"Invalid decimal format [") + format + L"]");
+        }
+    }
 }
