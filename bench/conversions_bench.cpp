@@ -3,6 +3,9 @@
 // compare phases measured in this same run.
 
 #include <QxXmlLib16/Conversions.h>
+#include <QxXmlLib16/DateTime.h>
+#include <QxXmlLib16/DateTimeSpan.h>
+#include <QxXmlLib16/Decimal.h>
 
 #include <algorithm>
 #include <chrono>
@@ -81,12 +84,36 @@ int main() {
         i4Values.push_back(std::wcstol(text.c_str(), nullptr, 10));
 
     std::vector<std::wstring> r8Texts = Texts(kValues, [](Random& r) {
-        double value = (static_cast<double>(r.Next() % 20000000) - 1e7) / static_cast<double>(1 + r.Next() % 100000);
+        double value =
+            (static_cast<double>(r.Next() % 20000000) - 1e7) / static_cast<double>(1 + r.Next() % 100000);
         return Printed(L"%.16g", value);
     });
     std::vector<double> r8Values;
     for (const auto& text : r8Texts)
         r8Values.push_back(std::wcstod(text.c_str(), nullptr));
+
+    std::vector<std::wstring> decimalTexts = Texts(kValues, [](Random& r) {
+        // Twelve significant digits, as coordinates and amounts carry.
+        long long digits = static_cast<long long>(r.Next() % 900000000000ull) + 100000000000ll;
+        int point = static_cast<int>(r.Next() % 12);
+        std::wstring text = Printed(L"%s%lld", r.Next() % 2 ? "-" : "", digits);
+        text.insert(text.size() - point, point ? L"." : L"");
+        return text;
+    });
+    std::vector<std::wstring> dateTimeTexts = Texts(kValues, [](Random& r) {
+        const wchar_t* zones[] = {L"Z", L"+02:00", L"-05:30", L""};
+        return Printed(L"%04d-%02d-%02dT%02d:%02d:%02d.%03d%ls", 1900 + static_cast<int>(r.Next() % 200),
+                       1 + static_cast<int>(r.Next() % 12), 1 + static_cast<int>(r.Next() % 28),
+                       static_cast<int>(r.Next() % 24), static_cast<int>(r.Next() % 60),
+                       static_cast<int>(r.Next() % 60), static_cast<int>(r.Next() % 1000),
+                       zones[r.Next() % 4]);
+    });
+    std::vector<std::wstring> durationTexts = Texts(kValues, [](Random& r) {
+        return Printed(L"P%dY%dM%dDT%dH%dM%d.%dS", static_cast<int>(r.Next() % 10),
+                       static_cast<int>(r.Next() % 12), static_cast<int>(r.Next() % 31),
+                       static_cast<int>(r.Next() % 24), static_cast<int>(r.Next() % 60),
+                       static_cast<int>(r.Next() % 60), static_cast<int>(r.Next() % 1000));
+    });
 
     wchar_t buffer[64];
     double cI4From = MedianSeconds([&] {
@@ -138,6 +165,27 @@ int main() {
         return static_cast<double>(length);
     });
 
+    auto roundTrip = [&](const std::vector<std::wstring>& texts, auto convert) {
+        return MedianSeconds([&] {
+            size_t length = 0;
+            for (const auto& text : texts)
+                length += convert(text).size();
+            return static_cast<double>(length);
+        });
+    };
+    using C = CConversions;
+    double r8Trip =
+        roundTrip(r8Texts, [](const std::wstring& t) { return C::r8ToString(C::r8FromString(t, kRule)); });
+    double decimalTrip = roundTrip(decimalTexts, [](const std::wstring& t) {
+        return C::decimalToString(C::decimalFromString(t, kRule));
+    });
+    double dateTimeTrip = roundTrip(dateTimeTexts, [](const std::wstring& t) {
+        return C::datetimeToString(C::datetimeFromString(t, kRule));
+    });
+    double durationTrip = roundTrip(durationTexts, [](const std::wstring& t) {
+        return C::durationToString(C::durationFromString(t, kRule));
+    });
+
     std::printf("%d values per phase, median of %d runs\n", kValues, kRuns);
     Report("wcstol", cI4From, cI4From, "wcstol");
     Report("i4FromString", i4From, cI4From, "wcstol");
@@ -147,5 +195,9 @@ int main() {
     Report("r8FromString", r8From, cR8From, "wcstod");
     Report("swprintf %.16g", cR8To, cR8To, "swprintf");
     Report("r8ToString", r8To, cR8To, "swprintf");
+    Report("r8 round trip", r8Trip, r8Trip, "r8 round trip");
+    Report("decimal round trip", decimalTrip, r8Trip, "r8 round trip");
+    Report("dateTime round trip", dateTimeTrip, r8Trip, "r8 round trip");
+    Report("duration round trip", durationTrip, r8Trip, "r8 round trip");
     return 0;
 }
