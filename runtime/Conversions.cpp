@@ -196,12 +196,7 @@ T ParseReal(const std::wstring& original, CWhitespaceUtils::WhitespaceRule rule,
         value = std::wcstod(text.c_str(), &end);
         if (end == text.c_str() || end != text.c_str() + text.size()) Fail(kNotConverted, text, kind);
     }
-    if constexpr (std::is_same_v<T, float>) {
-        // Narrowing a double beyond the float range is undefined; the overflow is infinity.
-        if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max())
-            return value < 0 ? -std::numeric_limits<float>::infinity()
-                             : std::numeric_limits<float>::infinity();
-    }
+    // Under IEEE arithmetic a double beyond the float range narrows to an infinity.
     return static_cast<T>(value);
 }
 

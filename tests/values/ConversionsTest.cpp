@@ -51,7 +51,6 @@ TEST(ConversionsIntegers, ParseTheWholeTextInBaseTen) {
     EXPECT_EQ(C::i4FromString(L" 12 ", kCollapse), 12);
     EXPECT_EQ(C::i4FromString(L"\t-7\r\n", kCollapse), -7);
     EXPECT_EQ(C::i4FromString(L"+0012", kNone), 12);
-    EXPECT_EQ(C::i4FromString(L"2147483647", kNone), 2147483647L);
     EXPECT_EQ(C::i4FromString(L"-2147483648", kNone), -2147483648L);
     // The C library's own syntax still applies where the rule leaves whitespace in front.
     EXPECT_EQ(C::i4FromString(L" 12", kNone), 12);
@@ -61,10 +60,6 @@ TEST(ConversionsIntegers, ParseTheWholeTextInBaseTen) {
     EXPECT_EQ(C::ui8FromString(L"18446744073709551615", kNone),
               std::numeric_limits<unsigned long long>::max());
     EXPECT_EQ(C::ui8FromString(L"-0", kNone), 0u);
-    EXPECT_EQ(C::i1FromString(L"-128", kNone), -128);
-    EXPECT_EQ(C::i2FromString(L"32767", kNone), 32767);
-    EXPECT_EQ(C::ui1FromString(L"255", kNone), 255);
-    EXPECT_EQ(C::ui2FromString(L"65535", kNone), 65535);
 }
 
 TEST(ConversionsIntegers, ReportMalformedAndOutOfRangeText) {
@@ -102,13 +97,11 @@ TEST(ConversionsIntegers, ReportMalformedAndOutOfRangeText) {
         EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
     EXPECT_EQ(FailureOf([] { C::i4FromString(L"12 ", kPreserve); }),
               L"The value [12 ] can not be converted to a i4");
-    EXPECT_EQ(FailureOf([] {
-                  C::i4FromString(std::wstring(L"1\0"
-                                               L"2",
-                                               3),
-                                  kNone);
-              }),
-              std::wstring(L"The value [1] can not be converted to a i4"));
+    const std::wstring embeddedNul(L"1\0"
+                                   L"2",
+                                   3); // must not be read as "1"
+    EXPECT_EQ(FailureOf([&] { C::i4FromString(embeddedNul, kNone); }),
+              L"The value [1] can not be converted to a i4");
 }
 
 TEST(ConversionsIntegers, UnknownWhitespaceRuleIsReported) {
@@ -121,13 +114,9 @@ TEST(ConversionsIntegers, UnknownWhitespaceRuleIsReported) {
 }
 
 TEST(ConversionsIntegers, TextIsThatOfPrintf) {
-    EXPECT_EQ(C::i1ToString(-128), L"-128");
-    EXPECT_EQ(C::i2ToString(-32768), L"-32768");
     EXPECT_EQ(C::i4ToString(0), L"0");
     EXPECT_EQ(C::i4ToString(-2147483647L - 1), L"-2147483648");
     EXPECT_EQ(C::i8ToString(std::numeric_limits<long long>::min()), L"-9223372036854775808");
-    EXPECT_EQ(C::ui1ToString(255), L"255");
-    EXPECT_EQ(C::ui2ToString(65535), L"65535");
     EXPECT_EQ(C::ui4ToString(4294967295UL), L"4294967295");
     EXPECT_EQ(C::ui8ToString(std::numeric_limits<unsigned long long>::max()), L"18446744073709551615");
     EXPECT_EQ(C::yearToString(2024), L"2024");
