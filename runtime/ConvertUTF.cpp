@@ -141,8 +141,10 @@ ConversionResult ConvertUTF32toUTF8(const UTF32** sourceStart, const UTF32* sour
     return result;
 }
 
+// Both modes refuse every illegal sequence: IsLegalUTF8 already rules out overlong forms, surrogates
+// and values above U+10FFFF, so there is nothing left for lenient mode to let through.
 ConversionResult ConvertUTF8toUTF32(const UTF8** sourceStart, const UTF8* sourceEnd, UTF32** targetStart,
-                                    UTF32* targetEnd, ConversionFlags flags) {
+                                    UTF32* targetEnd, ConversionFlags /*flags*/) {
     ConversionResult result = conversionOK;
     const UTF8* source = *sourceStart;
     UTF32* target = *targetStart;
@@ -165,19 +167,6 @@ ConversionResult ConvertUTF8toUTF32(const UTF8** sourceStart, const UTF8* source
             ch = (ch + *source++) << 6;
         ch += *source++;
         ch -= kOffsetsFromUtf8[extra];
-        if (ch <= kMaxLegalUtf32) {
-            if (IsSurrogate(ch)) {
-                if (flags == strictConversion) {
-                    source -= extra + 1;
-                    result = sourceIllegal;
-                    break;
-                }
-                ch = kReplacementChar;
-            }
-        } else {
-            result = sourceIllegal;
-            ch = kReplacementChar;
-        }
         *target++ = ch;
     }
     *sourceStart = source;

@@ -149,7 +149,6 @@ size_t MeasureFormat(const wchar_t* format, va_list& args) {
             total += length > 0 ? length : 0;
             break;
         }
-        case L'F':
         case L'e':
         case L'E':
         case L'g':
