@@ -80,12 +80,14 @@ RefDecimal RefMultiply(const RefDecimal& a, const RefDecimal& b, int maxDivider)
 }
 
 RefDecimal RefDivide(const RefDecimal& a, const RefDecimal& b, int maxDivider) {
+    // The library scales each operand by its own canonical divider, which decides where the
+    // quotient is cut.
     const int da = CanonicalDivider(a);
     const int db = CanonicalDivider(b);
     const int guarded = maxDivider + 2;
     mpz_class quotient;
-    const mpz_class dividend = AtScale(a, da) * Pow10(guarded);
-    const mpz_class divisor = AtScale(b, db);
+    const mpz_class dividend = AtScale(Stripped(a), da) * Pow10(guarded);
+    const mpz_class divisor = AtScale(Stripped(b), db);
     mpz_tdiv_q(quotient.get_mpz_t(), dividend.get_mpz_t(), divisor.get_mpz_t());
     int scale = guarded + da - db;
     if (scale < 0) {
