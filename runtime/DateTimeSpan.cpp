@@ -118,7 +118,6 @@ CDateTimeSpan CDateTimeSpan::ParseXSDDuration(const wchar_t* text) {
     std::size_t next = 0;
     bool inTime = false;
     bool timePart = false;
-    bool anyPart = false;
     while (p < end) {
         if (*p == L'T') {
             if (inTime) throw malformed();
@@ -149,10 +148,10 @@ CDateTimeSpan CDateTimeSpan::ParseXSDDuration(const wchar_t* text) {
             throw malformed();
         values[next++] = value;
         timePart = timePart || inTime;
-        anyPart = true;
         ++p;
     }
-    if (!anyPart || (inTime && !timePart)) throw malformed();
+    // "P" alone is what ToString writes for a zero span, so it reads back as one.
+    if (inTime && !timePart) throw malformed();
     span.m_years = static_cast<unsigned short>(values[0]);
     span.m_months = values[1];
     span.m_days = values[2];

@@ -51,8 +51,9 @@ public:
     void Negate() { m_negative = !m_negative; }
     CDateTimeSpan GetAsNegative() const;
 
-    // [-]P[nY][nM][nD][T[nH][nM][n[.fffffffff]S]] with at least one part, and at least one after a
-    // 'T'. A number too large for its part is malformed. Throws CQxInvalidValueException.
+    // [-]P[nY][nM][nD][T[nH][nM][n[.fffffffff]S]] with at least one part after a 'T'. "P" alone is
+    // read as zero, because ToString writes a zero span so. A number too large for its part is
+    // malformed. Throws CQxInvalidValueException.
     static CDateTimeSpan ParseXSDDuration(const wchar_t* text);
     // Non-zero parts only, so a zero span is "P" (and "-P" when negative).
     std::wstring ToString() const;
