@@ -18,3 +18,9 @@
 #include <QxXmlLib16/BinaryStream.h>
 #include <QxXmlLib16/NamespaceAliasMap.h>
 #include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/XmlAttribute.h>
+#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/XmlDocument.h>
+#include <QxXmlLib16/ExpatReader.h>
+#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/XmlTextWriter.h>
