@@ -3,7 +3,9 @@
 namespace QxXmlLib16 {
 
 namespace {
-CQxException* CloneOf(const CQxException* e) { return e ? e->Clone() : nullptr; }
+CQxException* CloneOf(const CQxException* e) {
+    return e ? e->Clone() : nullptr;
+}
 
 std::wstring WithPath(std::wstring message, const std::wstring& path) {
     if (!path.empty()) {
@@ -14,23 +16,35 @@ std::wstring WithPath(std::wstring message, const std::wstring& path) {
 }
 } // namespace
 
-CQxException::CQxException() : m_inner(nullptr) {}
+CQxException::CQxException()
+    : m_inner(nullptr) {}
 
-CQxException::CQxException(std::wstring message) : m_message(std::move(message)), m_inner(nullptr) {}
+CQxException::CQxException(std::wstring message)
+    : m_message(std::move(message))
+    , m_inner(nullptr) {}
 
 CQxException::CQxException(std::wstring message, const CQxException& inner)
-    : m_message(std::move(message)), m_inner(inner.Clone()) {}
+    : m_message(std::move(message))
+    , m_inner(inner.Clone()) {}
 
 CQxException::CQxException(std::wstring message, std::wstring path)
-    : m_message(WithPath(std::move(message), path)), m_path(std::move(path)), m_inner(nullptr) {}
+    : m_message(WithPath(std::move(message), path))
+    , m_path(std::move(path))
+    , m_inner(nullptr) {}
 
 CQxException::CQxException(std::wstring message, std::wstring path, const CQxException& inner)
-    : m_message(WithPath(std::move(message), path)), m_path(std::move(path)), m_inner(inner.Clone()) {}
+    : m_message(WithPath(std::move(message), path))
+    , m_path(std::move(path))
+    , m_inner(inner.Clone()) {}
 
 CQxException::CQxException(const CQxException& other)
-    : m_message(other.m_message), m_path(other.m_path), m_inner(CloneOf(other.m_inner)) {}
+    : m_message(other.m_message)
+    , m_path(other.m_path)
+    , m_inner(CloneOf(other.m_inner)) {}
 
-CQxException::~CQxException() { delete m_inner; }
+CQxException::~CQxException() {
+    delete m_inner;
+}
 
 CQxException& CQxException::operator=(const CQxException& other) {
     if (this != &other) {
@@ -40,7 +54,9 @@ CQxException& CQxException::operator=(const CQxException& other) {
     return *this;
 }
 
-CQxException* CQxException::Clone() const { return new CQxException(*this); }
+CQxException* CQxException::Clone() const {
+    return new CQxException(*this);
+}
 
 std::wstring CQxException::GetFullMessage() const {
     std::wstring full = m_message;
@@ -51,9 +67,15 @@ std::wstring CQxException::GetFullMessage() const {
     return full;
 }
 
-CQxInvalidParamException* CQxInvalidParamException::Clone() const { return new CQxInvalidParamException(*this); }
-CQxInvalidStateException* CQxInvalidStateException::Clone() const { return new CQxInvalidStateException(*this); }
-CQxOverFlowException* CQxOverFlowException::Clone() const { return new CQxOverFlowException(*this); }
+CQxInvalidParamException* CQxInvalidParamException::Clone() const {
+    return new CQxInvalidParamException(*this);
+}
+CQxInvalidStateException* CQxInvalidStateException::Clone() const {
+    return new CQxInvalidStateException(*this);
+}
+CQxOverFlowException* CQxOverFlowException::Clone() const {
+    return new CQxOverFlowException(*this);
+}
 
 namespace {
 template <class T>
@@ -64,8 +86,14 @@ T* CloneWithDetail(const T& source) {
 }
 } // namespace
 
-CQxValidationException* CQxValidationException::Clone() const { return CloneWithDetail(*this); }
-CQxInvalidValueException* CQxInvalidValueException::Clone() const { return CloneWithDetail(*this); }
-CQxInvalidNamespaceException* CQxInvalidNamespaceException::Clone() const { return CloneWithDetail(*this); }
+CQxValidationException* CQxValidationException::Clone() const {
+    return CloneWithDetail(*this);
+}
+CQxInvalidValueException* CQxInvalidValueException::Clone() const {
+    return CloneWithDetail(*this);
+}
+CQxInvalidNamespaceException* CQxInvalidNamespaceException::Clone() const {
+    return CloneWithDetail(*this);
+}
 
 } // namespace QxXmlLib16

@@ -27,8 +27,8 @@ public:
     // Null when empty.
     const unsigned char* GetData() const;
     unsigned long GetLength() const;
-    // index may equal the length (the octet just past the data); throws "Index Out of range [%d]"
-    // beyond that or on an empty value.
+    // index may equal the length: the octet just past the data, which reads as 0 and is not part of
+    // the value. Throws "Index Out of range [%d]" beyond that or on an empty value.
     unsigned char operator[](unsigned long index) const;
     unsigned char& operator[](unsigned long index);
     bool operator==(const CBinaryData& other) const;
@@ -50,7 +50,8 @@ public:
 
     std::wstring GetAsHexString() const;
     static std::wstring GetAsHexString(const unsigned char* data, unsigned long length);
-    // Decodes hexadecimal text into a new malloc'ed buffer stored in *out; returns its length.
+    // Decodes hexadecimal text into a new malloc'ed buffer stored in *out (null for an empty text);
+    // returns its length.
     // Throws "Invalid length in hex string" or "Invalid char in hex string [%c]".
     static unsigned long ConvertToHexData(const wchar_t* text, unsigned char** out);
     void SetAsHexString(const wchar_t* text);

@@ -15,7 +15,7 @@ namespace QxXmlLib16 {
 class QX_API CStringBuffer : public CInstanceMonitor {
 public:
     CStringBuffer();
-    // Blocks of blockSize - 1 characters.
+    // Blocks of blockSize - 1 characters (at least one).
     explicit CStringBuffer(unsigned long blockSize);
     ~CStringBuffer() override;
     CStringBuffer(const CStringBuffer&) = delete;

@@ -55,6 +55,7 @@ public:
     void Open() override;
     // Writes out the buffered text. Throws "Failed to write data to the file".
     void Flush() override;
+    // Writes out what is still buffered and closes the file, so that closing completes the document.
     void Close() override;
 
 private:

@@ -51,9 +51,12 @@ TEST(Exceptions, CloneKeepsTheDynamicClassAndDeepCopiesTheChain) {
 }
 
 TEST(Exceptions, CloneOfEverySubclassIsOfThatSubclass) {
-    std::unique_ptr<CQxException> e1(static_cast<const CQxException&>(CQxInvalidParamException(L"p")).Clone());
-    std::unique_ptr<CQxException> e2(static_cast<const CQxException&>(CQxInvalidStateException(L"s")).Clone());
-    std::unique_ptr<CQxException> e3(static_cast<const CQxException&>(CQxInvalidValueException(L"v")).Clone());
+    std::unique_ptr<CQxException> e1(
+        static_cast<const CQxException&>(CQxInvalidParamException(L"p")).Clone());
+    std::unique_ptr<CQxException> e2(
+        static_cast<const CQxException&>(CQxInvalidStateException(L"s")).Clone());
+    std::unique_ptr<CQxException> e3(
+        static_cast<const CQxException&>(CQxInvalidValueException(L"v")).Clone());
     EXPECT_NE(dynamic_cast<CQxInvalidParamException*>(e1.get()), nullptr);
     EXPECT_NE(dynamic_cast<CQxInvalidStateException*>(e2.get()), nullptr);
     EXPECT_NE(dynamic_cast<CQxInvalidValueException*>(e3.get()), nullptr);

@@ -1,0 +1,92 @@
+#include <QxXmlLib16/Encoder.h>
+
+#include <QxXmlLib16/ConvertUTF.h>
+#include <QxXmlLib16/Exceptions.h>
+
+#include "internal/TextEncoding.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <new>
+
+namespace QxXmlLib16 {
+
+namespace {
+
+// Buffers handed to CBinaryData for adoption come from malloc.
+unsigned char* AllocateBytes(size_t length) {
+    auto* bytes = static_cast<unsigned char*>(std::malloc(length));
+    if (!bytes) throw std::bad_alloc();
+    return bytes;
+}
+
+CBinaryData Adopt(unsigned char* bytes, size_t length) {
+    return CBinaryData(bytes, static_cast<unsigned long>(length), true);
+}
+
+CBinaryData EncodeUtf8(const wchar_t* text, size_t length) {
+    if (!DoesUnicodeStrContainAnyUTF8CharsLargerThanOneByte(text, static_cast<int>(length))) {
+        unsigned char* bytes = AllocateBytes(length);
+        for (size_t i = 0; i < length; ++i)
+            bytes[i] = static_cast<unsigned char>(text[i]);
+        return Adopt(bytes, length);
+    }
+    const size_t needed = UnicodeToUTF8(text, length, nullptr, 0);
+    unsigned char* bytes = AllocateBytes(needed);
+    UnicodeToUTF8(text, length, bytes, needed);
+    return Adopt(bytes, needed);
+}
+
+CBinaryData EncodeUtf16Units(const wchar_t* text, size_t length) {
+    unsigned char* units = AllocateBytes(length * 2);
+    for (size_t i = 0; i < length; ++i) {
+        units[2 * i] = static_cast<unsigned char>(text[i]);
+        units[2 * i + 1] = static_cast<unsigned char>(text[i] >> 8);
+    }
+    return Adopt(units, length * 2);
+}
+
+CBinaryData CopyWideOctets(const wchar_t* text, size_t length) {
+    unsigned char* bytes = AllocateBytes(length * sizeof(wchar_t));
+    std::memcpy(bytes, text, length * sizeof(wchar_t));
+    return Adopt(bytes, length * sizeof(wchar_t));
+}
+
+} // namespace
+
+namespace internal {
+
+CBinaryData EncodeText(const wchar_t* text, size_t length, XmlEncoding encoding) {
+    switch (encoding) {
+    case encUTF8:
+        return length ? EncodeUtf8(text, length) : CBinaryData();
+    case encUTF16:
+        return length ? EncodeUtf16Units(text, length) : CBinaryData();
+    case encUTF32:
+        return length ? CopyWideOctets(text, length) : CBinaryData();
+    }
+    throw CQxException(L"Unknown Encoding, select UTF-8 (contact our support team)");
+}
+
+} // namespace internal
+
+std::wstring CEncoder::Utf8ToUnicode(const unsigned char* bytes, int length) {
+    if (!bytes || length <= 0) return std::wstring();
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(bytes, length))
+        return std::wstring(bytes, bytes + length);
+    const size_t needed = UTF8ToUnicode(bytes, length, nullptr, 0);
+    std::wstring text(needed, L'\0');
+    UTF8ToUnicode(bytes, length, &text[0], needed);
+    return text;
+}
+
+std::wstring CEncoder::Utf16ToUnicode(const unsigned char* bytes, int length) {
+    return Utf8ToUnicode(bytes, length);
+}
+
+CBinaryData CEncoder::UnicodeToUtf8Binary(const wchar_t* text) {
+    return text ? internal::EncodeText(text, std::wcslen(text), encUTF8) : CBinaryData();
+}
+
+} // namespace QxXmlLib16

@@ -1,0 +1,135 @@
+#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/SerializationContext.h>
+
+#include <gtest/gtest.h>
+
+using namespace QxXmlLib16;
+
+TEST(SerializationContext, FreshContextDefaults) {
+    const CSerializationContext context;
+    EXPECT_FALSE(context.GetIgnoreUnknownAttributes());
+    EXPECT_FALSE(context.GetIgnoreUnknownElements());
+    EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
+    EXPECT_FALSE(context.GetIgnoreMissingChoice());
+    EXPECT_FALSE(context.GetIgnoreInvalidCollectionCounts());
+    EXPECT_FALSE(context.GetIgnoreNamespaces());
+    EXPECT_FALSE(context.GetNoOptionalAttributeDefaultOutput());
+    EXPECT_FALSE(context.GetWriteDefaultElementValues());
+    EXPECT_TRUE(context.GetWriteTypeAttribute());
+    EXPECT_TRUE(context.GetStripCDATA());
+    EXPECT_EQ(context.GetIndentChars(), L"\t");
+    EXPECT_EQ(context.GetSchemaType(), stDefault);
+    EXPECT_EQ(context.GetDefaultNamespaceURI(), L"");
+    EXPECT_EQ(context.GetNamespaceAliases().GetNamespaceCount(), 0);
+    EXPECT_EQ(CSerializationContext::m_defaultContext.GetIndentChars(), L"\t");
+}
+
+TEST(SerializationContext, TheTwoIgnoreSwitchesExcludeEachOther) {
+    const std::wstring common =
+        L"The parser can only ignore additional elements, or ignore the fact that some required "
+        L"ones are missing, you can not ignore both\n";
+    CSerializationContext first;
+    first.SetIgnoreUnknownElements(true);
+    try {
+        first.SetIgnoreMissingMandatoryElements(true);
+        FAIL() << "no exception";
+    } catch (const CQxInvalidStateException& e) {
+        EXPECT_EQ(
+            e.GetMessage(),
+            common +
+                L"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to true");
+    }
+    EXPECT_FALSE(first.GetIgnoreMissingMandatoryElements());
+    first.SetIgnoreMissingMandatoryElements(false);
+
+    CSerializationContext second;
+    second.SetIgnoreMissingMandatoryElements(true);
+    try {
+        second.SetIgnoreUnknownElements(true);
+        FAIL() << "no exception";
+    } catch (const CQxInvalidStateException& e) {
+        EXPECT_EQ(
+            e.GetMessage(),
+            common +
+                L"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to true");
+    }
+    second.SetIgnoreUnknownElements(false);
+    second.SetIgnoreMissingMandatoryElements(false);
+    second.SetIgnoreUnknownElements(true);
+    EXPECT_TRUE(second.GetIgnoreUnknownElements());
+}
+
+TEST(SerializationContext, IndentAcceptsOnlyTabsAndBlanks) {
+    CSerializationContext context;
+    context.SetIndentChars(L"  \t");
+    EXPECT_EQ(context.GetIndentChars(), L"  \t");
+    try {
+        context.SetIndentChars(L" x");
+        FAIL() << "no exception";
+    } catch (const CQxInvalidParamException& e) {
+        EXPECT_EQ(e.GetMessage(), L"IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
+    }
+    EXPECT_EQ(context.GetIndentChars(), L"  \t");
+    context.SetIndentChars(nullptr);
+    EXPECT_EQ(context.GetIndentChars(), L"");
+}
+
+TEST(SerializationContext, SchemaTypeTwoIgnoresNamespaces) {
+    CSerializationContext context;
+    context.SetSchemaType(stNoNamespaces);
+    EXPECT_TRUE(context.GetIgnoreNamespaces());
+    context.SetSchemaType(stDefault);
+    EXPECT_FALSE(context.GetIgnoreNamespaces());
+}
+
+TEST(SerializationContext, CopyTakesEveryOption) {
+    CSerializationContext context;
+    context.SetIgnoreUnknownAttributes(true);
+    context.SetWriteTypeAttribute(false);
+    context.SetInLineSchema(L"<xs:schema/>");
+    context.GetNamespaceAliases().Add(L"a", L"urn:a");
+    context.GetProcessingInstructions().push_back(L"pi");
+    const CSerializationContext copy(context);
+    EXPECT_TRUE(copy.GetIgnoreUnknownAttributes());
+    EXPECT_FALSE(copy.GetWriteTypeAttribute());
+    EXPECT_EQ(copy.GetInLineSchema(), L"<xs:schema/>");
+    EXPECT_EQ(copy.GetNamespaceAliases().GetAliasFromNamespace(L"urn:a"), L"a");
+    ASSERT_EQ(copy.GetProcessingInstructions().size(), 1u);
+}
+
+TEST(NamespaceAliasMap, EntriesAreKeptInUriOrder) {
+    CNamespaceAliasMap map;
+    map.Add(L"z", L"urn:b");
+    map.Add(L"a", L"urn:a");
+    map.Add(L"b", L"urn:a"); // replaces the alias of urn:a
+    map.Add(L"p", L"urn:");
+    ASSERT_EQ(map.GetNamespaceCount(), 3);
+    EXPECT_EQ(map.GetNamespaceAt(0), L"urn:");
+    EXPECT_EQ(map.GetNamespaceAt(-5), L"urn:");
+    EXPECT_EQ(map.GetNamespaceAt(1), L"urn:a");
+    EXPECT_EQ(map.GetNamespaceAt(2), L"urn:b");
+    EXPECT_EQ(map.GetAliasFromNamespace(L"urn:a"), L"b");
+    EXPECT_TRUE(map.DoesAliasExist(L"z"));
+    EXPECT_FALSE(map.DoesAliasExist(L"a"));
+
+    map.RemoveNamespace(L"urn:b");
+    map.RemoveNamespace(L"urn:absent");
+    EXPECT_FALSE(map.DoesNamespaceExist(L"urn:b"));
+    EXPECT_EQ(map.GetNamespaceCount(), 2);
+}
+
+TEST(NamespaceAliasMap, LookupsByAliasAndByUri) {
+    CNamespaceAliasMap map;
+    map.Add(L"s", L"urn:y");
+    map.Add(L"s", L"urn:x");
+    EXPECT_EQ(map.GetNamespaceFromAlias(L"s"), L"urn:x"); // the URI that sorts first
+    try {
+        map.GetNamespaceFromAlias(L"q");
+        FAIL() << "no exception";
+    } catch (const CQxException& e) {
+        EXPECT_EQ(e.GetMessage(), L"Namespace alias [q] not found");
+    }
+    const CNamespaceAliasMap& constMap = map;
+    EXPECT_EQ(constMap.GetAliasFromNamespace(L"urn:new"), L"");
+    EXPECT_EQ(map.GetNamespaceCount(), 3); // the lookup inserted the URI
+}
