@@ -183,7 +183,9 @@ std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI)
 }
 
 CXmlElement* CXmlDocument::OpenElement(const std::wstring& namespaceURI, const std::wstring& localName) {
-    m_openElements.reserve(m_openElements.size() + 1); // room first, so that the push cannot fail
+    // Room first, so that the push below cannot fail once the element is linked.
+    if (m_openElements.size() == m_openElements.capacity())
+        m_openElements.reserve(2 * m_openElements.capacity() + 16);
     CXmlElement* element;
     if (m_documentElement) {
         if (m_openElements.empty())
