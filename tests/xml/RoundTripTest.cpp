@@ -67,7 +67,6 @@ INSTANTIATE_TEST_SUITE_P(SharedData, GpxRoundTrip, testing::ValuesIn(GpxDocument
                          [](const testing::TestParamInfo<std::string>& info) {
                              std::string name = info.param.substr(info.param.rfind('/') + 1);
                              for (char& c : name)
-                                 if (!isalnum(static_cast<unsigned char>(c)))
-                                     c = '_';
+                                 if (!isalnum(static_cast<unsigned char>(c))) c = '_';
                              return name;
                          });

@@ -7,8 +7,8 @@ using namespace QxXmlLib16;
 void WriteTree(const CXmlElement& element, CXmlWriter& writer) {
     writer.WriteStartElement(element.GetLocalName(), element.GetNamespaceURI());
     for (const CXmlAttribute* attribute : element.GetAttributes())
-        writer.WriteAttributeString(attribute->GetLocalName(), attribute->GetNamespaceURI(), attribute->GetValue(),
-                                    itString);
+        writer.WriteAttributeString(attribute->GetLocalName(), attribute->GetNamespaceURI(),
+                                    attribute->GetValue(), itString);
     writer.WriteString(element.GetText(), itString, false);
     for (const CXmlElement* child = element.GetFirstElement(); child; child = child->GetNextSiblingElement())
         WriteTree(*child, writer);
@@ -17,25 +17,24 @@ void WriteTree(const CXmlElement& element, CXmlWriter& writer) {
 
 std::wstring TreeDifference(const CXmlElement& expected, const CXmlElement& actual) {
     const std::wstring where = expected.GetXPath() + L": ";
-    if (expected.GetLocalName() != actual.GetLocalName() || expected.GetNamespaceURI() != actual.GetNamespaceURI())
+    if (expected.GetLocalName() != actual.GetLocalName() ||
+        expected.GetNamespaceURI() != actual.GetNamespaceURI())
         return where + L"name {" + actual.GetNamespaceURI() + L"}" + actual.GetLocalName();
-    if (expected.GetText() != actual.GetText())
-        return where + L"text [" + actual.GetText() + L"]";
+    if (expected.GetText() != actual.GetText()) return where + L"text [" + actual.GetText() + L"]";
     const auto& left = expected.GetAttributes();
     const auto& right = actual.GetAttributes();
-    if (left.size() != right.size())
-        return where + L"attribute count";
+    if (left.size() != right.size()) return where + L"attribute count";
     for (size_t i = 0; i < left.size(); ++i) {
         if (left[i]->GetLocalName() != right[i]->GetLocalName() ||
-            left[i]->GetNamespaceURI() != right[i]->GetNamespaceURI() || left[i]->GetValue() != right[i]->GetValue())
+            left[i]->GetNamespaceURI() != right[i]->GetNamespaceURI() ||
+            left[i]->GetValue() != right[i]->GetValue())
             return where + L"attribute " + left[i]->GetLocalName();
     }
     const CXmlElement* a = expected.GetFirstElement();
     const CXmlElement* b = actual.GetFirstElement();
     for (; a && b; a = a->GetNextSiblingElement(), b = b->GetNextSiblingElement()) {
         std::wstring difference = TreeDifference(*a, *b);
-        if (!difference.empty())
-            return difference;
+        if (!difference.empty()) return difference;
     }
     return a || b ? where + L"child count" : std::wstring();
 }
