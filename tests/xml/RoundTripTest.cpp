@@ -54,12 +54,12 @@ TEST_P(GpxRoundTrip, ReloadedOutputIsTheSameTreeAndWellFormed) {
     reloaded.LoadXmlStream(const_cast<unsigned char*>(bytes.GetData()), bytes.GetLength());
     EXPECT_EQ(L"", TreeDifference(*original.GetDocumentElement(), *reloaded.GetDocumentElement()));
 
-    char name[] = "/tmp/qxroundtripXXXXXX";
-    const int fd = mkstemp(name);
+    std::string name = testing::TempDir() + "qxroundtripXXXXXX";
+    const int fd = mkstemp(&name[0]);
     ASSERT_EQ(static_cast<ssize_t>(bytes.GetLength()), write(fd, bytes.GetData(), bytes.GetLength()));
     close(fd);
-    const int status = std::system(("xmllint --noout " + std::string(name)).c_str());
-    std::remove(name);
+    const int status = std::system(("xmllint --noout " + name).c_str());
+    std::remove(name.c_str());
     EXPECT_EQ(0, status);
 }
 

@@ -30,8 +30,8 @@ std::wstring LoadError(const std::function<void(CXmlDocument&)>& load) {
 class TempFile {
 public:
     explicit TempFile(const std::string& bytes) {
-        char name[] = "/tmp/qxxmlXXXXXX";
-        const int fd = mkstemp(name);
+        std::string name = testing::TempDir() + "qxxmlXXXXXX";
+        const int fd = mkstemp(&name[0]);
         EXPECT_EQ(static_cast<ssize_t>(bytes.size()), write(fd, bytes.data(), bytes.size()));
         close(fd);
         m_name = name;
