@@ -16,19 +16,20 @@ void WriteTree(const CXmlElement& element, CXmlWriter& writer) {
 }
 
 std::wstring TreeDifference(const CXmlElement& expected, const CXmlElement& actual) {
-    const std::wstring where = expected.GetXPath() + L": ";
+    // The path is built only for a difference: it costs a walk over the siblings.
+    auto where = [&expected] { return expected.GetXPath() + L": "; };
     if (expected.GetLocalName() != actual.GetLocalName() ||
         expected.GetNamespaceURI() != actual.GetNamespaceURI())
-        return where + L"name {" + actual.GetNamespaceURI() + L"}" + actual.GetLocalName();
-    if (expected.GetText() != actual.GetText()) return where + L"text [" + actual.GetText() + L"]";
+        return where() + L"name {" + actual.GetNamespaceURI() + L"}" + actual.GetLocalName();
+    if (expected.GetText() != actual.GetText()) return where() + L"text [" + actual.GetText() + L"]";
     const auto& left = expected.GetAttributes();
     const auto& right = actual.GetAttributes();
-    if (left.size() != right.size()) return where + L"attribute count";
+    if (left.size() != right.size()) return where() + L"attribute count";
     for (size_t i = 0; i < left.size(); ++i) {
         if (left[i]->GetLocalName() != right[i]->GetLocalName() ||
             left[i]->GetNamespaceURI() != right[i]->GetNamespaceURI() ||
             left[i]->GetValue() != right[i]->GetValue())
-            return where + L"attribute " + left[i]->GetLocalName();
+            return where() + L"attribute " + left[i]->GetLocalName();
     }
     const CXmlElement* a = expected.GetFirstElement();
     const CXmlElement* b = actual.GetFirstElement();
@@ -36,5 +37,5 @@ std::wstring TreeDifference(const CXmlElement& expected, const CXmlElement& actu
         std::wstring difference = TreeDifference(*a, *b);
         if (!difference.empty()) return difference;
     }
-    return a || b ? where + L"child count" : std::wstring();
+    return a || b ? where() + L"child count" : std::wstring();
 }
