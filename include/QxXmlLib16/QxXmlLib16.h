@@ -18,3 +18,9 @@
 #include <QxXmlLib16/BinaryStream.h>
 #include <QxXmlLib16/NamespaceAliasMap.h>
 #include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/Conversions.h>
+#include <QxXmlLib16/DateTimeSpan.h>
+#include <QxXmlLib16/DateTime.h>
+#include <QxXmlLib16/BigInteger.h>
+#include <QxXmlLib16/Decimal.h>
+#include <QxXmlLib16/QxVariant.h>
