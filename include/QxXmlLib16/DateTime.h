@@ -74,6 +74,7 @@ public:
     // The current time as a UTC dateTime to the second.
     static CDateTime GetCurrentTime();
 
+    // The setters below set the kind and its fields and keep the zone.
     void SetDateTime(int year, int month, int day, int hour, int minute, int second);
     void SetDateTime(int year, int month, int day, int hour, int minute, int second, int milli, int micro,
                      int nano);

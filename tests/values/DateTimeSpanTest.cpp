@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 using namespace QxXmlLib16;
@@ -36,6 +37,19 @@ TEST(DateTimeSpanText, ReadsBackAsWritten) {
     EXPECT_EQ(L"P1Y2MT3H4.5S", CDateTimeSpan(1, 2, 0, 3, 0, 4, 500, 0, 0, false).ToString());
     EXPECT_EQ(L"P3DT5M6S", CDateTimeSpan(3, 5, 6).ToString());
     EXPECT_EQ(L"-P3DT5M6S", CDateTimeSpan(3, 5, 6).GetAsNegative().ToString());
+}
+
+TEST(DateTimeSpanText, EveryPrefixIsReadWithinItsOwnBuffer) {
+    const std::wstring text = L"-P1Y2M3DT4H5M6.007008009S";
+    for (std::size_t length = 0; length <= text.size(); ++length) {
+        std::unique_ptr<wchar_t[]> prefix(new wchar_t[length + 1]);
+        text.copy(prefix.get(), length);
+        prefix[length] = L'\0';
+        try {
+            Span(prefix.get());
+        } catch (const CQxInvalidValueException&) {
+        }
+    }
 }
 
 class DateTimeSpanParseError : public testing::TestWithParam<const wchar_t*> {};

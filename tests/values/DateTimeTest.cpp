@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <memory>
+#include <ostream>
 #include <string>
 
 using namespace QxXmlLib16;
@@ -18,6 +20,10 @@ struct Case {
 
 std::string Narrow(const std::wstring& text) {
     return std::string(text.begin(), text.end());
+}
+
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << (c.input ? Narrow(c.input) : "(null)");
 }
 
 // The message of the exception of type E that action throws, or a note that it threw none.
@@ -89,6 +95,25 @@ TEST(DateTimeText, FractionMatchesTheSharedFractionFormatter) {
                 EXPECT_EQ(expected, value.ToString());
                 EXPECT_EQ(value.ToString(), Parse(expected.c_str()).ToString());
             }
+}
+
+TEST(DateTimeText, EveryPrefixIsReadWithinItsOwnBuffer) {
+    const std::wstring texts[] = {L"-2000-01-12T12:13:14.123456789+14:00", L"--05-05:00", L"---05Z",
+                                  L"23:59:59.5-00:30"};
+    for (const std::wstring& text : texts)
+        for (std::size_t length = 0; length <= text.size(); ++length) {
+            // An exact-size heap copy, so that any read beyond the terminator is caught.
+            std::unique_ptr<wchar_t[]> prefix(new wchar_t[length + 1]);
+            text.copy(prefix.get(), length);
+            prefix[length] = L'\0';
+            for (const auto parse :
+                 {&CDateTime::ParseXSDDateTime, &CDateTime::ParseXSDDate, &CDateTime::ParseXSDTime}) {
+                try {
+                    parse(prefix.get());
+                } catch (const CQxInvalidValueException&) {
+                }
+            }
+        }
 }
 
 TEST(DateTimeText, FormatsOtherThanSortableAndGeneral) {
