@@ -199,10 +199,11 @@ std::wstring CDecimal::ToString(int digits) const {
     digits = std::max(digits, 0);
     const bool negative = m_integer.m_sign < 0;
     // Half a unit of the last kept digit, with the value's sign, as the text "0.0...05" would parse.
+    // Beyond m_maxDivider digits that parse rounds it to zero, so the divider needs no more.
     CDecimal half;
     half.m_fraction = CBigInteger(negative ? -5 : 5);
     half.m_integer.m_sign = half.m_fraction.m_sign;
-    half.m_divider = digits + 1;
+    half.m_divider = std::min(digits, m_maxDivider) + 1;
     half.Finish();
     const CDecimal sum = *this + half;
 

@@ -11,25 +11,13 @@ mpz_class Pow10(int n) {
 }
 
 RefDecimal RefFromText(const std::string& text) {
-    std::string digits;
-    int scale = 0;
-    bool negative = false;
-    bool fraction = false;
-    for (char c : text) {
-        if (c == '-')
-            negative = true;
-        else if (c == '.')
-            fraction = true;
-        else if (c >= '0' && c <= '9') {
-            digits += c;
-            scale += fraction;
-        }
-    }
-    RefDecimal v;
-    v.value = mpz_class(digits.empty() ? "0" : digits, 10);
-    if (negative) v.value = -v.value;
-    v.scale = scale;
-    return v;
+    std::string digits = "0";
+    const std::size_t point = text.find('.');
+    for (char c : text)
+        digits += c >= '0' && c <= '9' ? std::string(1, c) : "";
+    const int scale = point == std::string::npos ? 0 : static_cast<int>(text.size() - point - 1);
+    const mpz_class magnitude(digits, 10);
+    return {text.find('-') == std::string::npos ? magnitude : mpz_class(-magnitude), scale};
 }
 
 RefDecimal RoundHalfTowardZero(RefDecimal v, int digits) {
@@ -42,28 +30,20 @@ RefDecimal RoundHalfTowardZero(RefDecimal v, int digits) {
 }
 
 static RefDecimal Stripped(RefDecimal v) {
-    while (v.scale > 0 && mpz_divisible_ui_p(v.value.get_mpz_t(), 10)) {
+    for (; v.scale > 0 && mpz_divisible_ui_p(v.value.get_mpz_t(), 10); --v.scale)
         v.value /= 10;
-        --v.scale;
-    }
     return v;
-}
-
-int CanonicalDivider(RefDecimal v) {
-    return std::max(Stripped(v).scale, 1);
 }
 
 std::wstring RefToString(RefDecimal v) {
     v = Stripped(v);
-    std::string magnitude = mpz_class(abs(v.value)).get_str();
-    std::string text;
+    std::string text = mpz_class(abs(v.value)).get_str();
     if (v.scale > 0) {
-        if (static_cast<int>(magnitude.size()) <= v.scale)
-            magnitude.insert(0, static_cast<std::size_t>(v.scale) + 1 - magnitude.size(), '0');
-        magnitude.insert(magnitude.size() - static_cast<std::size_t>(v.scale), ".");
+        text.insert(0, static_cast<std::size_t>(std::max(v.scale + 1 - static_cast<int>(text.size()), 0)),
+                    '0');
+        text.insert(text.size() - static_cast<std::size_t>(v.scale), ".");
     }
-    if (v.value < 0) text = "-";
-    return Widen(text + magnitude);
+    return Widen((v.value < 0 ? "-" : "") + text);
 }
 
 static mpz_class AtScale(const RefDecimal& v, int scale) {
@@ -80,58 +60,44 @@ RefDecimal RefMultiply(const RefDecimal& a, const RefDecimal& b, int maxDivider)
 }
 
 RefDecimal RefDivide(const RefDecimal& a, const RefDecimal& b, int maxDivider) {
-    // The library scales each operand by its own canonical divider, which decides where the
-    // quotient is cut.
-    const int da = CanonicalDivider(a);
-    const int db = CanonicalDivider(b);
-    const int guarded = maxDivider + 2;
+    const RefDecimal x = Stripped(a), y = Stripped(b);
+    const int dx = std::max(x.scale, 1), dy = std::max(y.scale, 1);
+    const mpz_class dividend = AtScale(x, dx) * Pow10(maxDivider + 2), divisor = AtScale(y, dy);
     mpz_class quotient;
-    const mpz_class dividend = AtScale(Stripped(a), da) * Pow10(guarded);
-    const mpz_class divisor = AtScale(Stripped(b), db);
     mpz_tdiv_q(quotient.get_mpz_t(), dividend.get_mpz_t(), divisor.get_mpz_t());
-    int scale = guarded + da - db;
-    if (scale < 0) {
-        quotient *= Pow10(-scale);
-        scale = 0;
-    }
-    return RoundHalfTowardZero({quotient, scale}, maxDivider);
+    return RoundHalfTowardZero({quotient, maxDivider + 2 + dx - dy}, maxDivider);
 }
 
-std::string RandomDigits(std::mt19937& rng, int count) {
-    std::uniform_int_distribution<int> digit(0, 9);
+static std::string RandomDigits(std::mt19937& rng, int count) {
     std::string text;
     for (int i = 0; i < count; ++i)
-        text += static_cast<char>('0' + (i == 0 && count > 1 ? 1 + digit(rng) % 9 : digit(rng)));
+        text += static_cast<char>(i == 0 && count > 1 ? '1' + rng() % 9 : '0' + rng() % 10);
     return text;
 }
 
-std::string RandomInteger(std::mt19937& rng, int maxDigits) {
+static std::string RandomSign(std::mt19937& rng) {
     static const char* const signs[] = {"", "+", "-", "-"};
-    return signs[rng() % 4] + RandomDigits(rng, 1 + static_cast<int>(rng() % maxDigits));
+    return signs[rng() % 4];
+}
+
+std::string RandomInteger(std::mt19937& rng, int maxDigits) {
+    return RandomSign(rng) + RandomDigits(rng, 1 + static_cast<int>(rng() % maxDigits));
 }
 
 std::string RandomDecimal(std::mt19937& rng, int maxInteger, int maxFraction) {
-    static const char* const signs[] = {"", "+", "-", "-"};
-    std::string text = signs[rng() % 4];
-    switch (rng() % 8) {
-    case 0: // zero, possibly negative, with fraction zeros
-        return text + "0." + std::string(rng() % 5, '0');
-    case 1: // an exact half at the 31st digit, or just above it
-        return text + RandomDigits(rng, 1 + static_cast<int>(rng() % 3)) + "." +
-               RandomDigits(rng, 30).replace(0, 1, "0") + (rng() % 2 ? "5" : "5000001");
-    case 2: // trailing zeros
-        return text + RandomDigits(rng, 1 + static_cast<int>(rng() % maxInteger)) + "." +
-               RandomDigits(rng, static_cast<int>(rng() % 4)) + std::string(1 + rng() % 5, '0');
+    const std::string integer = RandomSign(rng) + RandomDigits(rng, 1 + static_cast<int>(rng() % maxInteger));
+    switch (rng() % 6) {
+    case 0:
+        return RandomSign(rng) + "0." + std::string(rng() % 5, '0');
+    case 1: // an exact half at the first dropped digit, or just above it
+        return integer + ".0" + RandomDigits(rng, 29) + (rng() % 2 ? "5" : "5000001");
+    case 2:
+        return integer + "." + RandomDigits(rng, static_cast<int>(rng() % 4)) +
+               std::string(1 + rng() % 5, '0');
     default:
-        text += RandomDigits(rng, static_cast<int>(rng() % (maxInteger + 1)));
-        const int fraction = static_cast<int>(rng() % (maxFraction + 1));
-        if (fraction > 0) text += "." + std::string(rng() % 3, '0') + RandomDigits(rng, fraction);
-        return text.empty() || text.back() == '-' || text.back() == '+' ? text + "0" : text;
+        return integer + "." + std::string(rng() % 3, '0') +
+               RandomDigits(rng, static_cast<int>(rng() % maxFraction));
     }
-}
-
-std::wstring Widen(const std::string& text) {
-    return std::wstring(text.begin(), text.end());
 }
 
 } // namespace QxTest
