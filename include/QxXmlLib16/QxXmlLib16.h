@@ -30,3 +30,5 @@
 #include <QxXmlLib16/ExpatReader.h>
 #include <QxXmlLib16/XmlWriter.h>
 #include <QxXmlLib16/XmlTextWriter.h>
+#include <QxXmlLib16/PrimitiveRestrictions.h>
+#include <QxXmlLib16/XmlObjectHelper.h>
