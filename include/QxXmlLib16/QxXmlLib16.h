@@ -24,3 +24,9 @@
 #include <QxXmlLib16/BigInteger.h>
 #include <QxXmlLib16/Decimal.h>
 #include <QxXmlLib16/QxVariant.h>
+#include <QxXmlLib16/XmlAttribute.h>
+#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/XmlDocument.h>
+#include <QxXmlLib16/ExpatReader.h>
+#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/XmlTextWriter.h>

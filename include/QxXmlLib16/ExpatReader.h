@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/InstanceMonitor.h>
+
+#include <exception>
+#include <memory>
+
+struct XML_ParserStruct;
+
+namespace QxXmlLib16 {
+
+class CXmlDocument;
+class CXmlElement;
+
+// Builds a document's tree from XML text with the 16-bit build of expat, which detects and decodes
+// the input's encoding by itself. Used once: CreateParser, one Parse, destroyed.
+class QX_API CExpatReader : public CInstanceMonitor {
+public:
+    explicit CExpatReader(CXmlDocument& document);
+    ~CExpatReader() override;
+    CExpatReader(const CExpatReader&) = delete;
+    CExpatReader& operator=(const CExpatReader&) = delete;
+
+    // Namespace-aware (names arrive as "uri|local") unless the document's schema type has no
+    // namespaces. Throws when the installed expat does not use 16-bit characters.
+    void CreateParser();
+    // Parses the document's input buffer. Malformed input throws "<expat's reason> at line <n>".
+    void Parse(bool isFinal);
+    // Parses the given bytes, the document's input or not.
+    void Parse(const unsigned char* data, unsigned long length, bool isFinal);
+    void Cleanup();
+
+    // The parser's callbacks; userData is the reader. None lets an exception escape into the
+    // parser: the first one is kept, the parse stopped, and the exception rethrown by Parse.
+    static void FnStartElement(void* userData, const unsigned short* name, const unsigned short** attributes);
+    static void FnEndElement(void* userData, const unsigned short* name);
+    static void FnStartNamespace(void* userData, const unsigned short* prefix, const unsigned short* uri);
+    static void FnEndNamespace(void* userData, const unsigned short* prefix);
+    static void FnText(void* userData, const unsigned short* text, int length);
+    static void FnStartCDATA(void* userData);
+    static void FnEndCDATA(void* userData);
+
+private:
+    // Wide copy of length units (or up to the terminator when length is negative) in the scratch
+    // buffer, or in the long-text buffer when too long; text mode leaves out carriage returns and
+    // stops at a NUL unit. Sets written to the characters written.
+    const wchar_t* Widen(const unsigned short* units, size_t length, bool textMode, size_t& written);
+    void StartElement(const unsigned short* name, const unsigned short** attributes);
+    void FreeParser();
+    template <typename Action>
+    static void Guarded(void* userData, Action action);
+
+    CXmlDocument& m_document;
+    std::unique_ptr<wchar_t[]> m_scratch;
+    unsigned long m_scratchBytes;
+    XML_ParserStruct* m_parser;
+    // The long-text buffer of the current conversion; reused by the next long one.
+    std::unique_ptr<wchar_t[]> m_longText;
+    size_t m_longTextCapacity;
+    std::exception_ptr m_callbackError;
+};
+
+} // namespace QxXmlLib16

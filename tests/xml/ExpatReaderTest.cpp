@@ -1,0 +1,137 @@
+#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/XmlAttribute.h>
+#include <QxXmlLib16/XmlDocument.h>
+#include <QxXmlLib16/XmlElement.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace QxXmlLib16;
+
+namespace {
+
+std::wstring ParseError(const std::string& bytes) {
+    CXmlDocument document;
+    std::string copy = bytes;
+    try {
+        document.LoadXmlStream(reinterpret_cast<unsigned char*>(&copy[0]), copy.size());
+    } catch (const CQxException& e) {
+        return e.GetMessage();
+    }
+    return L"(nothing thrown)";
+}
+
+std::wstring RootText(const std::string& bytes, const CSerializationContext& context) {
+    CXmlDocument document(context);
+    std::string copy = bytes;
+    document.LoadXmlStream(reinterpret_cast<unsigned char*>(&copy[0]), copy.size());
+    return document.GetDocumentElement()->GetText();
+}
+
+std::wstring RootText(const std::string& bytes) { return RootText(bytes, CSerializationContext::m_defaultContext); }
+
+} // namespace
+
+TEST(ExpatReaderNames, NamespacesSplitFromLocalNames) {
+    CXmlDocument document;
+    document.LoadXml("<a xmlns='urn:x' xmlns:p='urn:p' p:x='1' y='2'><b/></a>");
+    const CXmlElement* a = document.GetDocumentElement();
+    EXPECT_EQ(L"urn:x", a->GetNamespaceURI());
+    EXPECT_EQ(L"a", a->GetLocalName());
+    EXPECT_EQ(L"urn:x", a->GetFirstElement()->GetNamespaceURI());
+    EXPECT_EQ(L"b", a->GetFirstElement()->GetLocalName());
+    ASSERT_EQ(2u, a->GetAttributes().size());
+    EXPECT_EQ(L"x", a->GetAttributes()[0]->GetLocalName());
+    EXPECT_EQ(L"urn:p", a->GetAttributes()[0]->GetNamespaceURI());
+    EXPECT_EQ(L"", a->GetAttributes()[1]->GetNamespaceURI()); // unprefixed: no default namespace
+    EXPECT_EQ(L"urn:x", document.LookupNamespaceFromAlias(L""));
+}
+
+TEST(ExpatReaderNames, WithoutNamespacesNamesAreVerbatim) {
+    CSerializationContext context;
+    context.SetSchemaType(stNoNamespaces);
+    CXmlDocument document(context);
+    document.LoadXml("<p:a xmlns:p='urn:p' p:x='1'/>");
+    const CXmlElement* a = document.GetDocumentElement();
+    EXPECT_EQ(L"p:a", a->GetLocalName());
+    EXPECT_EQ(L"", a->GetNamespaceURI());
+    EXPECT_EQ(L"1", a->GetAttribute(L"p:x", L""));
+}
+
+TEST(ExpatReaderNames, AliasMapIsDocumentWideAndLastDeclarationWins) {
+    CXmlDocument document;
+    document.LoadXml("<a><b xmlns:p='urn:1'/><c xmlns:p='urn:2'/></a>");
+    EXPECT_EQ(L"urn:2", document.LookupNamespaceFromAlias(L"p"));
+}
+
+TEST(ExpatReaderText, EntitiesLineEndsAndLongRuns) {
+    EXPECT_EQ(L"a&b\nc\nd", RootText("<a>a&amp;b\r\nc\rd</a>"));
+    for (size_t length : {254u, 255u, 256u, 5000u}) {
+        const std::string text(length, 'x');
+        EXPECT_EQ(std::wstring(length, L'x') + L"&" + std::wstring(length, L'x'),
+                  RootText("<a>" + text + "&amp;" + text + "</a>"));
+        CXmlDocument document;
+        document.LoadXml(("<a v='" + text + "'/>").c_str());
+        EXPECT_EQ(std::wstring(length, L'x'), document.GetDocumentElement()->GetAttribute(L"v", L""));
+    }
+}
+
+TEST(ExpatReaderText, CDataKeptOrStripped) {
+    EXPECT_EQ(L"x<y", RootText("<a><![CDATA[x<y]]></a>"));
+    CSerializationContext context;
+    context.SetStripCDATA(false);
+    EXPECT_EQ(L"<![CDATA[x<y]]>", RootText("<a><![CDATA[x<y]]></a>", context));
+}
+
+TEST(ExpatReaderEncodings, ExpatDecodesEveryDeclaredForm) {
+    const std::wstring expected = L"\u00E9\u20AC";
+    EXPECT_EQ(expected, RootText("<a>\xC3\xA9\xE2\x82\xAC</a>"));
+    EXPECT_EQ(expected, RootText("\xEF\xBB\xBF<a>\xC3\xA9\xE2\x82\xAC</a>"));
+    EXPECT_EQ(L"\u00E9\u00A4", RootText("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9\xA4</a>"));
+    std::string le = "\xFF\xFE", be = "\xFE\xFF";
+    for (wchar_t c : std::wstring(L"<a>") + expected + L"</a>") {
+        le += static_cast<char>(c & 0xFF);
+        le += static_cast<char>(c >> 8);
+        be += static_cast<char>(c >> 8);
+        be += static_cast<char>(c & 0xFF);
+    }
+    EXPECT_EQ(expected, RootText(le));
+    EXPECT_EQ(expected, RootText(be));
+}
+
+TEST(ExpatReaderErrors, MalformedInputNamesReasonAndLine) {
+    const std::pair<std::string, const wchar_t*> cases[] = {
+        {"<a>\n<b>\n</a>", L"mismatched tag at line 3"},
+        {"<a>\x01</a>", L"not well-formed (invalid token) at line 1"},
+        {"<p:a/>", L"unbound prefix at line 1"},
+        {"<a><b>", L"no element found at line 1"},
+        {"<a/><b/>", L"junk after document element at line 1"},
+        {"<a>&undefined;</a>", L"undefined entity at line 1"},
+        {"<a x='1' x='2'/>", L"duplicate attribute at line 1"},
+        {"   ", L"no element found at line 1"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.second, ParseError(c.first)) << c.first;
+    EXPECT_EQ(L"not well-formed (invalid token) at line 1", ParseError(std::string("<a>x\0y</a>", 10)));
+}
+
+TEST(ExpatReaderHostile, EntityExpansionIsRefused) {
+    std::string bomb = "<?xml version='1.0'?><!DOCTYPE l [<!ENTITY l0 'lollollollollollollollollollol'>";
+    for (int i = 1; i <= 9; ++i) {
+        bomb += "<!ENTITY l" + std::to_string(i) + " '";
+        for (int j = 0; j < 10; ++j)
+            bomb += "&l" + std::to_string(i - 1) + ";";
+        bomb += "'>";
+    }
+    bomb += "]><l>&l9;</l>";
+    const std::wstring message = ParseError(bomb);
+    EXPECT_NE(std::wstring::npos, message.find(L"amplification")) << message;
+}
+
+TEST(ExpatReaderHostile, ExternalEntitiesAreNeverFetched) {
+    const std::wstring text =
+        RootText("<!DOCTYPE a SYSTEM 'file:///etc/passwd' [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><a>[&e;]</a>");
+    EXPECT_EQ(L"[]", text);
+}

@@ -1,0 +1,235 @@
+#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/QxZip.h>
+#include <QxXmlLib16/XmlAttribute.h>
+#include <QxXmlLib16/XmlDocument.h>
+#include <QxXmlLib16/XmlElement.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <unistd.h>
+
+using namespace QxXmlLib16;
+
+namespace {
+
+std::wstring LoadError(const std::function<void(CXmlDocument&)>& load) {
+    CXmlDocument document;
+    try {
+        load(document);
+    } catch (const CQxException& e) {
+        return e.GetMessage();
+    }
+    return L"(nothing thrown)";
+}
+
+// A file in the system's temporary folder, removed at the end of the test.
+class TempFile {
+public:
+    explicit TempFile(const std::string& bytes) {
+        char name[] = "/tmp/qxxmlXXXXXX";
+        const int fd = mkstemp(name);
+        EXPECT_EQ(static_cast<ssize_t>(bytes.size()), write(fd, bytes.data(), bytes.size()));
+        close(fd);
+        m_name = name;
+    }
+    ~TempFile() { std::remove(m_name.c_str()); }
+    std::wstring Name() const { return std::wstring(m_name.begin(), m_name.end()); }
+
+private:
+    std::string m_name;
+};
+
+} // namespace
+
+TEST(XmlDocumentPaths, PredicatesOnlyForRepeatedNames) {
+    CXmlDocument document;
+    document.LoadXml("<a xmlns:p='urn:p'><b/><c/><b/><p:d/><d/></a>");
+    CXmlElement* a = document.GetDocumentElement();
+    CXmlElement* b1 = a->GetFirstElement();
+    CXmlElement* c = b1->GetNextSiblingElement();
+    CXmlElement* b2 = c->GetNextSiblingElement();
+    CXmlElement* pd = b2->GetNextSiblingElement();
+    EXPECT_EQ(L"/a", a->GetXPath());
+    EXPECT_EQ(L"/a/b[1]", b1->GetXPath());
+    EXPECT_EQ(L"/a/c", c->GetXPath());
+    EXPECT_EQ(L"/a/b[2]", b2->GetXPath());
+    EXPECT_EQ(L"p:d", pd->GetQName());
+    EXPECT_EQ(L"/a/p:d", pd->GetXPath()); // d in another namespace is another name
+    EXPECT_EQ(L"/a/d", pd->GetNextSiblingElement()->GetXPath());
+}
+
+TEST(XmlDocumentPaths, AttributePathsAndLookups) {
+    CXmlDocument document;
+    document.LoadXml("<a xmlns:p='urn:p' x='1' p:y='2'/>");
+    const CXmlElement* a = document.GetDocumentElement();
+    ASSERT_EQ(2u, a->GetAttributes().size());
+    EXPECT_EQ(L"/a/@x", a->GetAttributes()[0]->GetXPath());
+    EXPECT_EQ(L"/a/@p:y", a->GetAttributes()[1]->GetXPath());
+    EXPECT_EQ(L"2", a->GetAttribute(L"y", L"urn:p"));
+    EXPECT_EQ(L"", a->GetAttribute(L"y", L""));
+    EXPECT_EQ(L"", a->GetAttribute(L"z", L""));
+    EXPECT_EQ(L"urn:p", document.LookupNamespaceFromAlias(L"p"));
+    EXPECT_EQ(L"p", document.LookupAliasFromNamespace(L"urn:p"));
+    EXPECT_EQ(L"", document.LookupAliasFromNamespace(L"urn:none"));
+}
+
+TEST(XmlDocumentAttributes, NamespaceAndNilAttributes) {
+    const wchar_t* xsi = L"http://www.w3.org/2001/XMLSchema-instance";
+    struct Case {
+        const wchar_t* name;
+        const wchar_t* ns;
+        bool isNamespace;
+        bool isNil;
+    } cases[] = {
+        {L"type", xsi, true, false},
+        {L"schemaLocation", xsi, true, false},
+        {L"noNamespaceSchemaLocation", xsi, true, false},
+        {L"xmlns", L"http://www.w3.org/2000/xmlns/", true, false},
+        {L"nil", xsi, false, true},
+        {L"nil", L"", false, false},
+        {L"type", L"urn:other", false, false},
+    };
+    for (const Case& c : cases) {
+        CXmlAttribute attribute(nullptr, c.name, L"v", c.ns);
+        EXPECT_EQ(c.isNamespace, attribute.IsNamespaceAttribute()) << c.name;
+        EXPECT_EQ(c.isNil, attribute.IsNilAttribute()) << c.name;
+    }
+}
+
+TEST(XmlDocumentText, CarriageReturnsDroppedAndPiecesJoined) {
+    CXmlDocument document;
+    CXmlElement* root = document.AddDocElement(nullptr, L"r");
+    document.AppendTextExcludingCR(root, L"a\r\nb");
+    document.AppendTextExcludingCR(root, L"c\0d", 3);
+    std::wstring expected = L"a\nbc";
+    for (int i = 0; i < 10000; ++i) {
+        root->AppendText(L"xy", 2);
+        expected += L"xy";
+    }
+    EXPECT_EQ(expected, root->GetText());
+    document.EndElement();
+}
+
+TEST(XmlDocumentTree, BuildAndDetach) {
+    CXmlDocument document;
+    CXmlElement* root = document.AddDocElement(L"urn:r", L"r");
+    CXmlElement* child = root->CreateNewChildElement();
+    child->SetElementName(L"c");
+    child->SetNamespace(L"urn:c");
+    child->AddAttribute(L"a", L"1", L"");
+    EXPECT_EQ(child, root->RemoveLastChildElement());
+    EXPECT_EQ(nullptr, root->GetFirstElement());
+    EXPECT_EQ(nullptr, root->RemoveLastChildElement());
+    EXPECT_EQ(L"c", child->GetLocalName());
+    EXPECT_EQ(L"1", child->GetAttribute(L"a", L""));
+    delete child; // the caller owns a detached element
+    // Elements and attributes made outside any document.
+    CXmlElement loose(nullptr, nullptr);
+    loose.SetElementName(L"loose");
+    loose.CreateNewChildElement()->AddAttribute(L"k", L"v", L"urn:k");
+    EXPECT_EQ(L"v", loose.GetFirstElement()->GetAttribute(L"k", L"urn:k"));
+}
+
+TEST(XmlDocumentTree, ReloadKeepsNothingOfTheFirstDocument) {
+    CXmlDocument document;
+    document.LoadXml("<a xmlns:p='urn:p'><p:b/></a>");
+    document.LoadXml("<c/>");
+    EXPECT_EQ(L"c", document.GetDocumentElement()->GetLocalName());
+    EXPECT_EQ(nullptr, document.GetDocumentElement()->GetFirstElement());
+    EXPECT_TRUE(document.GetAliasMap().empty());
+}
+
+namespace {
+int g_completed = 0;
+bool DropItems(CXmlElement* element) {
+    ++g_completed;
+    return element->GetLocalName() == L"item";
+}
+} // namespace
+
+TEST(XmlDocumentTree, CompletedElementsCanBeDroppedWhileStreaming) {
+    g_completed = 0;
+    std::string xml = "<list>";
+    for (int i = 0; i < 1000; ++i)
+        xml += "<item><v>" + std::to_string(i) + "</v></item>";
+    xml += "<tail/></list>";
+    CXmlDocument document(DropItems);
+    document.LoadXml(xml.c_str());
+    EXPECT_EQ(2002, g_completed);
+    const CXmlElement* only = document.GetDocumentElement()->GetFirstElement();
+    ASSERT_NE(nullptr, only);
+    EXPECT_EQ(L"tail", only->GetLocalName());
+    EXPECT_EQ(nullptr, only->GetNextSiblingElement());
+}
+
+TEST(XmlDocumentLoading, AllFormsGiveTheSameTree) {
+    const std::string xml = "<?xml version='1.0' encoding='UTF-8'?><r a='\xC3\xA9'>\xE2\x82\xAC</r>";
+    auto check = [](const CXmlDocument& document) {
+        const CXmlElement* r = document.GetDocumentElement();
+        ASSERT_NE(nullptr, r);
+        EXPECT_EQ(L"\u20AC", r->GetText());
+        EXPECT_EQ(L"\u00E9", r->GetAttribute(L"a", L""));
+    };
+    CXmlDocument document;
+    document.LoadXml(xml.c_str());
+    check(document);
+    document.LoadXml(L"<r a='\u00E9'>\u20AC</r>");
+    check(document);
+    std::string bytes = xml;
+    document.LoadXmlStream(reinterpret_cast<unsigned char*>(&bytes[0]), bytes.size());
+    check(document);
+    TempFile file(xml);
+    document.Load(file.Name().c_str());
+    check(document);
+    for (CompressionType type : {ctGzip, ctZlib}) {
+        std::string big = "<?xml version='1.0'?><r a='\xC3\xA9'>\xE2\x82\xAC" + std::string(300, ' ') + "</r>";
+        unsigned long length = big.size();
+        unsigned char* data = static_cast<unsigned char*>(std::malloc(length));
+        std::memcpy(data, big.data(), length);
+        CQxZip::Compress(&data, &length, type);
+        document.LoadXmlStream(data, length);
+        EXPECT_EQ(301u, document.GetDocumentElement()->GetText().size());
+        TempFile compressed(std::string(reinterpret_cast<char*>(data), length));
+        document.Load(compressed.Name().c_str());
+        EXPECT_EQ(301u, document.GetDocumentElement()->GetText().size());
+        std::free(data);
+    }
+}
+
+TEST(XmlDocumentLoading, Messages) {
+    TempFile empty("");
+    const std::wstring emptyName = empty.Name();
+    const std::pair<std::function<void(CXmlDocument&)>, std::wstring> cases[] = {
+        {[](CXmlDocument& d) { d.Load(L"/nonexistent/x.xml"); }, L"Failed to open the file [/nonexistent/x.xml]."},
+        {[&](CXmlDocument& d) { d.Load(emptyName.c_str()); },
+         L"Failed to read the contents of the file [" + emptyName + L"] Error [0]"},
+        {[](CXmlDocument& d) { d.LoadXml(""); }, L"XML String is empty!"},
+        {[](CXmlDocument& d) { d.LoadXml(L""); }, L"XML String is empty!"},
+        {[](CXmlDocument& d) { d.LoadXmlStream(reinterpret_cast<unsigned char*>(const_cast<char*>("<a/>")), 0); },
+         L"XML Stream is empty!"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.second, LoadError(c.first));
+}
+
+TEST(XmlDocumentDepth, MillionLevelsLoadPathAndFreeWithoutRecursion) {
+    const int depth = 1000000;
+    std::string xml;
+    xml.reserve(depth * 7 + 2);
+    for (int i = 0; i < depth; ++i)
+        xml += "<a>";
+    xml += "x";
+    for (int i = 0; i < depth; ++i)
+        xml += "</a>";
+    CXmlDocument document;
+    document.LoadXml(xml.c_str());
+    const CXmlElement* deepest = document.GetDocumentElement();
+    while (deepest->GetFirstElement())
+        deepest = deepest->GetFirstElement();
+    EXPECT_EQ(L"x", deepest->GetText());
+    EXPECT_EQ(static_cast<size_t>(depth) * 2, deepest->GetXPath().size());
+}
