@@ -36,7 +36,8 @@ public:
 
     void SetElementName(const std::wstring& localName);
     void SetNamespace(const std::wstring& namespaceURI);
-    void AddAttribute(const std::wstring& localName, const std::wstring& value, const std::wstring& namespaceURI);
+    void AddAttribute(const std::wstring& localName, const std::wstring& value,
+                      const std::wstring& namespaceURI);
     // Appends to the element's own text; many small pieces take amortised constant time each.
     void AppendText(const wchar_t* text, int length);
     void AppendText(const wchar_t* text);

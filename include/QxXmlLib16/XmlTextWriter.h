@@ -36,7 +36,8 @@ public:
     void WriteAttributeString(const std::wstring& localName, const std::wstring& namespaceURI,
                               const std::wstring& value, ItemType type) override;
     // xsi:type with the type's QName.
-    void WriteAttributeType(const std::wstring& typeNamespace, const std::wstring& typeName, ItemType type) override;
+    void WriteAttributeType(const std::wstring& typeNamespace, const std::wstring& typeName,
+                            ItemType type) override;
     // xsi:nil="true".
     void WriteAttributeNil() override;
 

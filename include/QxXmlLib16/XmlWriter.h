@@ -69,8 +69,10 @@ public:
         // Both constructors, and the reuse of a closed context's storage, go through these.
         void StartRoot(const std::wstring& localName, const std::wstring& namespaceURI,
                        const std::wstring& defaultNamespace, const NamespaceMap& namespaceMap);
-        void StartChild(const std::wstring& localName, const std::wstring& namespaceURI, CXmlWriterContext* parent);
-        void Start(const std::wstring& localName, const std::wstring& namespaceURI, CXmlWriterContext* parent);
+        void StartChild(const std::wstring& localName, const std::wstring& namespaceURI,
+                        CXmlWriterContext* parent);
+        void Start(const std::wstring& localName, const std::wstring& namespaceURI,
+                   CXmlWriterContext* parent);
         void DropOwnMap();
         // Gives this context declarations of its own, starting from the effective ones.
         void OwnDeclarations();
