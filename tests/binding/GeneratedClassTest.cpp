@@ -1,3 +1,4 @@
+#include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/ClassfactoryBase.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/QxVariant.h>
@@ -18,6 +19,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <cwchar>
 #include <optional>
 
@@ -419,10 +421,9 @@ TEST(TypeAttribute, WrittenOnlyUnderAnotherElementName) {
     item->SetElementName(L"itemType");
     EXPECT_EQ(L"<itemType><id>1</id><kind>a</kind></itemType>", item->ToXml(false, false, eolLF, context));
     item->SetElementName(L"thing");
-    EXPECT_EQ(
-        L"<thing xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:type=\"itemType\"><id>1</id>"
-        L"<kind>a</kind></thing>",
-        item->ToXml(false, false, eolLF, context));
+    EXPECT_EQ(L"<thing xmlns:AA=\"http://www.w3.org/2001/XMLSchema-instance\" AA:type=\"itemType\"><id>1</id>"
+              L"<kind>a</kind></thing>",
+              item->ToXml(false, false, eolLF, context));
 }
 
 TEST(ClassFactory, TypeNameAndNamespaceFromXsiType) {
@@ -455,4 +456,43 @@ TEST(Metadata, CleanMetaDataDestroysEverythingAndNullsTheReferences) {
     EXPECT_EQ(nullptr, info);
     EXPECT_EQ(nullptr, elements);
     EXPECT_EQ(nullptr, attributes);
+}
+
+TEST(EntryPoints, TextStreamsFilesAndUnavailableEncodings) {
+    CSmartPtr<CItem> item(new CItem);
+    item->SetElementName(L"item");
+    item->id = 9;
+    item->kind = 0;
+    const CSerializationContext untyped = Untyped();
+    const std::wstring body = L"<item><id>9</id><kind>a</kind></item>";
+    EXPECT_EQ(body, item->ToXml(false, false, eolLF, untyped));
+    EXPECT_EQ(0u, item->ToXml(true, false, eolLF, untyped).find(L"<?xml"));
+
+    // Uncompressed stream bytes are the plain UTF-8 text; a compressed stream reads back the same.
+    CBinaryData bytes = item->ToXmlStream(false, false, encUTF8, eolLF, untyped, ctNone);
+    EXPECT_EQ(std::string(body.begin(), body.end()),
+              std::string(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetLength()));
+    CSmartPtr<CItem> copy(new CItem);
+    copy->FromXmlStream(item->ToXmlStream(true, true, encUTF8, eolLF, untyped, ctZlib));
+    EXPECT_EQ(body, copy->ToXml(false, false, eolLF, untyped));
+
+    const std::string path = ::testing::TempDir() + "engine_entry_points.xml";
+    const std::wstring file(path.begin(), path.end());
+    std::remove(path.c_str());
+    EXPECT_EQ(L"ZLIB Compression only available for To Stream methods.", MessageOf<CQxException>([&] {
+                  item->ToXmlFile(file.c_str(), true, true, encUTF8, eolLF, untyped, ctZlib);
+              }));
+    EXPECT_EQ(nullptr, std::fopen(path.c_str(), "r"));
+    item->label = std::wstring(200, L'x'); // compression refuses data that does not shrink
+    for (CompressionType compression : {ctNone, ctGzip}) {
+        item->ToXmlFile(file.c_str(), true, true, encUTF8, eolLF, untyped, compression);
+        copy->FromXmlFile(file.c_str());
+        EXPECT_EQ(item->ToXml(false, false, eolLF, untyped), copy->ToXml(false, false, eolLF, untyped));
+    }
+    std::remove(path.c_str());
+
+    EXPECT_EQ(L"JSON output is not available yet: this build of the library has no such encoding.",
+              MessageOf<CQxInvalidStateException>([&] { item->ToJson(); }));
+    EXPECT_EQ(L"Fast Infoset output is not available yet: this build of the library has no such encoding.",
+              MessageOf<CQxInvalidStateException>([&] { item->ToFastInfosetStream(); }));
 }
