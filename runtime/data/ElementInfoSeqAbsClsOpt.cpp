@@ -4,6 +4,7 @@
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/QxVariant.h>
 #include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/XmlObjectBase.h>
 
 using namespace QxXmlLib16;
 
