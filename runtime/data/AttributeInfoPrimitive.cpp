@@ -14,6 +14,25 @@ using namespace QxXmlLib16;
 
 namespace QxXmlLib16Data {
 
+namespace {
+
+// An empty record checks nothing, so it is not consulted: the facet checker knows no check for a
+// char at all and would refuse one.
+bool HasFacets(const CPrimitiveRestrictions& r) {
+    return CPrimitiveRestrictions::IsPresent(r.m_pattern) ||
+           CPrimitiveRestrictions::IsPresent(r.m_minLength) ||
+           CPrimitiveRestrictions::IsPresent(r.m_maxLength) ||
+           CPrimitiveRestrictions::IsPresent(r.m_minInclusive) ||
+           CPrimitiveRestrictions::IsPresent(r.m_maxInclusive) ||
+           CPrimitiveRestrictions::IsPresent(r.m_minExclusive) ||
+           CPrimitiveRestrictions::IsPresent(r.m_maxExclusive) ||
+           CPrimitiveRestrictions::IsPresent(r.m_length) ||
+           CPrimitiveRestrictions::IsPresent(r.m_totalDigits) ||
+           CPrimitiveRestrictions::IsPresent(r.m_fractionDigits);
+}
+
+} // namespace
+
 CAttributeInfoPrimitive::CAttributeInfoPrimitive(const wchar_t* name, const wchar_t* namespaceURI,
                                                  int propertyNumber, bool optional, ItemType itemType,
                                                  const wchar_t* format,
@@ -33,7 +52,7 @@ void CAttributeInfoPrimitive::AttributeToXml(const CSerializationContext& contex
     if (internal::IsAbsentOptional(*this, value)) return;
     const std::wstring text = value.ToString(m_format);
     if (internal::IsSuppressedDefault(*this, context, text)) return;
-    CheckRestriction(value);
+    if (HasFacets(m_restrictions)) CheckRestriction(value);
     writer->WriteAttributeString(GetName(), GetNamespace(), text, value.GetItemType());
 }
 

@@ -180,7 +180,7 @@ void CDistance::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerialization
 CAudit::CAudit() = default;
 
 const CClassMetaData& CAudit::MetaData() {
-    static const CClassMetaData data(new CParentElementInfo(egSequence, etGroup, L"Audit", kNamespace, true,
+    static const CClassMetaData data(new CParentElementInfo(egSequence, etGroup, L"Audit", kNamespace, false,
                                                             false, -1, itNone, L"", false),
                                      {new CElementInfoSeqPrimMnd(L"created", kNamespace, 1, false, itDateTime,
                                                                  L"", W::wsCollapse, kNoFacets, L""),
@@ -474,7 +474,7 @@ CTrip::CTrip(const wchar_t* elementName) {
 void CTrip::Reset() {
     m_id.clear();
     m_paceAttribute = Pace_steady;
-    m_version = CDecimal(L"1.0");
+    m_version = CDecimal(L"1");
     m_title.clear();
     m_note.reset();
     m_noteNil = false;
@@ -544,7 +544,7 @@ const CClassMetaData& CTrip::MetaData() {
                                      Pattern(L"T[0-9]+"), L""),
          new CAttributeInfoEnum(L"pace", L"", pnPaceAttribute, true, PaceToText, PaceFromText, L"steady"),
          new CAttributeInfoPrimitive(L"version", L"", pnVersion, true, itDecimal, L"", W::wsCollapse,
-                                     kNoFacets, L"1.0")});
+                                     kNoFacets, L"1")});
     return data;
 }
 
