@@ -48,3 +48,5 @@
 #include <QxXmlLib16/data/ElementInfoSeqEnumOpt.h>
 #include <QxXmlLib16/PrimitiveRestrictions.h>
 #include <QxXmlLib16/XmlObjectHelper.h>
+#include <QxXmlLib16/ClassMetaData.h>
+#include <QxXmlLib16/data/ElementInfoSeqAbsClsOpt.h>
