@@ -46,3 +46,5 @@
 #include <QxXmlLib16/data/ElementInfoSeqPrimOpt.h>
 #include <QxXmlLib16/data/ElementInfoSeqEnumMnd.h>
 #include <QxXmlLib16/data/ElementInfoSeqEnumOpt.h>
+#include <QxXmlLib16/PrimitiveRestrictions.h>
+#include <QxXmlLib16/XmlObjectHelper.h>
