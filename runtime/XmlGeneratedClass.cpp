@@ -290,12 +290,11 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
 namespace {
 
 [[noreturn]] void ThrowLeftover(const CXmlElement* element, const CXmlElement* leftover) {
-    const std::wstring path = element->GetXPath();
     throw CQxValidationException(
         FormatString(L"Failed read all the elements held within the element [%ls]. The "
                      L"unexpected element [%ls] remains un processed",
-                     path.c_str(), leftover->GetLocalName().c_str()),
-        path);
+                     element->GetLocalName().c_str(), leftover->GetLocalName().c_str()),
+        element->GetXPath());
 }
 
 // The end of a class's children: an inline group hands the rest back to its parent; a class with
