@@ -8,6 +8,7 @@
 #include <QxXmlLib16/Decimal.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
+#include <QxXmlLib16/XmlCollectionBase.h>
 
 #include <type_traits>
 #include <utility>
@@ -58,6 +59,11 @@ void ForOwnedClass(ItemType type, Action action) {
 template <class Tag>
 using Held = std::remove_pointer_t<Tag>;
 
+// Bound objects and collections are shared by reference count rather than copied.
+bool IsReference(ItemType type) {
+    return type == itXmlObject || type == itXmlCollection;
+}
+
 } // namespace
 
 QxVariant::QxVariant(const QxVariant& other)
@@ -68,6 +74,7 @@ QxVariant::QxVariant(const QxVariant& other)
         using T = Held<decltype(tag)>;
         m_object = other.m_object ? new T(*static_cast<const T*>(other.m_object)) : nullptr;
     });
+    if (IsReference(m_type) && m_object) static_cast<CXmlObjectBase*>(m_object)->AddRef();
 }
 
 QxVariant::QxVariant(QxVariant&& other) noexcept
@@ -95,8 +102,11 @@ QxVariant& QxVariant::operator=(QxVariant&& other) noexcept {
 
 void QxVariant::Clear() {
     ForOwnedClass(m_type, [&](auto tag) { delete static_cast<Held<decltype(tag)>*>(m_object); });
+    // Reset before releasing: the last Release runs a destructor that might reach this variant.
+    CXmlObjectBase* reference = IsReference(m_type) ? static_cast<CXmlObjectBase*>(m_object) : nullptr;
     m_type = itNone;
     m_bits = 0;
+    if (reference) reference->Release();
 }
 
 void QxVariant::SetInvalid() {
@@ -150,6 +160,25 @@ void QxVariant::SetInteger(const CBigInteger& value) {
 }
 void QxVariant::SetString(std::wstring value) {
     SetOwned(itString, new std::wstring(std::move(value)));
+}
+
+void QxVariant::SetXmlObject(CXmlObjectBase* value) {
+    if (value) value->AddRef(); // before SetOwned releases the old one, which may be the same
+    SetOwned(itXmlObject, value);
+}
+void QxVariant::SetXmlCollection(CXmlCollectionBase* value) {
+    if (value) value->AddRef();
+    SetOwned(itXmlCollection, static_cast<CXmlObjectBase*>(value));
+}
+
+CSmartPtr<CXmlObjectBase> QxVariant::GetXmlObject() const {
+    if (!IsReference(m_type)) return nullptr;
+    return CSmartPtr<CXmlObjectBase>(static_cast<CXmlObjectBase*>(m_object));
+}
+CSmartPtr<CXmlCollectionBase> QxVariant::GetXmlCollection() const {
+    if (m_type != itXmlCollection) return nullptr;
+    return CSmartPtr<CXmlCollectionBase>(
+        static_cast<CXmlCollectionBase*>(static_cast<CXmlObjectBase*>(m_object)));
 }
 
 const CBinaryData& QxVariant::GetHexBinary() const {

@@ -22,14 +22,14 @@ enum ConversionResult {
 
 enum ConversionFlags { strictConversion = 0, lenientConversion };
 
-QX_API ConversionResult ConvertUTF32toUTF8(const UTF32** sourceStart, const UTF32* sourceEnd, UTF8** targetStart,
-                                           UTF8* targetEnd, ConversionFlags flags);
-QX_API ConversionResult ConvertUTF8toUTF32(const UTF8** sourceStart, const UTF8* sourceEnd, UTF32** targetStart,
-                                           UTF32* targetEnd, ConversionFlags flags);
-QX_API ConversionResult ConvertUTF32toUTF16(const UTF32** sourceStart, const UTF32* sourceEnd, UTF16** targetStart,
-                                            UTF16* targetEnd, ConversionFlags flags);
-QX_API ConversionResult ConvertUTF16toUTF32(const UTF16** sourceStart, const UTF16* sourceEnd, UTF32** targetStart,
-                                            UTF32* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF32toUTF8(const UTF32** sourceStart, const UTF32* sourceEnd,
+                                           UTF8** targetStart, UTF8* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF8toUTF32(const UTF8** sourceStart, const UTF8* sourceEnd,
+                                           UTF32** targetStart, UTF32* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF32toUTF16(const UTF32** sourceStart, const UTF32* sourceEnd,
+                                            UTF16** targetStart, UTF16* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF16toUTF32(const UTF16** sourceStart, const UTF16* sourceEnd,
+                                            UTF32** targetStart, UTF32* targetEnd, ConversionFlags flags);
 // True when the length bytes at source form one legal UTF-8 character.
 QX_API Boolean IsLegalUTF8(const UTF8* source, int length);
 // True when the character starting at source (not reaching sourceEnd) is legal UTF-8.

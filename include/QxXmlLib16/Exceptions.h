@@ -41,8 +41,10 @@ private:
 class QX_API CQxInvalidParamException : public CQxException {
 public:
     CQxInvalidParamException() = default;
-    CQxInvalidParamException(const CQxException& other) : CQxException(other) {}
-    explicit CQxInvalidParamException(std::wstring message) : CQxException(std::move(message)) {}
+    CQxInvalidParamException(const CQxException& other)
+        : CQxException(other) {}
+    explicit CQxInvalidParamException(std::wstring message)
+        : CQxException(std::move(message)) {}
     CQxInvalidParamException(std::wstring message, const CQxException& inner)
         : CQxException(std::move(message), inner) {}
     CQxInvalidParamException* Clone() const override;
@@ -52,8 +54,10 @@ public:
 class QX_API CQxInvalidStateException : public CQxException {
 public:
     CQxInvalidStateException() = default;
-    CQxInvalidStateException(const CQxException& other) : CQxException(other) {}
-    explicit CQxInvalidStateException(std::wstring message) : CQxException(std::move(message)) {}
+    CQxInvalidStateException(const CQxException& other)
+        : CQxException(other) {}
+    explicit CQxInvalidStateException(std::wstring message)
+        : CQxException(std::move(message)) {}
     CQxInvalidStateException(std::wstring message, const CQxException& inner)
         : CQxException(std::move(message), inner) {}
     CQxInvalidStateException* Clone() const override;
@@ -63,8 +67,10 @@ public:
 class QX_API CQxOverFlowException : public CQxException {
 public:
     CQxOverFlowException() = default;
-    CQxOverFlowException(const CQxException& other) : CQxException(other) {}
-    explicit CQxOverFlowException(std::wstring message) : CQxException(std::move(message)) {}
+    CQxOverFlowException(const CQxException& other)
+        : CQxException(other) {}
+    explicit CQxOverFlowException(std::wstring message)
+        : CQxException(std::move(message)) {}
     CQxOverFlowException(std::wstring message, const CQxException& inner)
         : CQxException(std::move(message), inner) {}
     CQxOverFlowException* Clone() const override;
@@ -75,12 +81,14 @@ public:
 class QX_API CQxValidationException : public CQxException {
 public:
     CQxValidationException() = default;
-    CQxValidationException(const CQxException& other) : CQxException(other) {}
+    CQxValidationException(const CQxException& other)
+        : CQxException(other) {}
     CQxValidationException(std::wstring message, std::wstring path)
         : CQxException(std::move(message), std::move(path)) {}
     CQxValidationException(std::wstring message, std::wstring path, const CQxException& inner)
         : CQxException(std::move(message), std::move(path), inner) {}
-    CQxValidationException(const CQxValidationException& other) : CQxException(other) {}
+    CQxValidationException(const CQxValidationException& other)
+        : CQxException(other) {}
     CQxValidationException* Clone() const override;
 
     const std::wstring& GetDetail() const { return m_detail; }
@@ -94,7 +102,8 @@ private:
 class QX_API CQxInvalidValueException : public CQxValidationException {
 public:
     CQxInvalidValueException() = default;
-    CQxInvalidValueException(const CQxException& other) : CQxValidationException(other) {}
+    CQxInvalidValueException(const CQxException& other)
+        : CQxValidationException(other) {}
     explicit CQxInvalidValueException(std::wstring message)
         : CQxValidationException(std::move(message), std::wstring()) {}
     CQxInvalidValueException(std::wstring message, const CQxException& inner)
@@ -106,7 +115,8 @@ public:
 class QX_API CQxInvalidNamespaceException : public CQxValidationException {
 public:
     CQxInvalidNamespaceException() = default;
-    CQxInvalidNamespaceException(const CQxException& other) : CQxValidationException(other) {}
+    CQxInvalidNamespaceException(const CQxException& other)
+        : CQxValidationException(other) {}
     CQxInvalidNamespaceException(std::wstring message, std::wstring path)
         : CQxValidationException(std::move(message), std::move(path)) {}
     CQxInvalidNamespaceException(std::wstring message, std::wstring path, const CQxException& inner)

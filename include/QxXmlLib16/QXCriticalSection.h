@@ -22,7 +22,10 @@ private:
 // Holds a critical section for the length of a scope.
 class CQXLock {
 public:
-    explicit CQXLock(CQXCriticalSection& section) : m_section(section) { m_section.Enter(); }
+    explicit CQXLock(CQXCriticalSection& section)
+        : m_section(section) {
+        m_section.Enter();
+    }
     ~CQXLock() { m_section.Leave(); }
     CQXLock(const CQXLock&) = delete;
     CQXLock& operator=(const CQXLock&) = delete;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/SmartPtr.h>
 #include <QxXmlLib16/Types.h>
 #include <QxXmlLib16/WhitespaceUtils.h>
 
@@ -14,6 +15,8 @@ class CBigInteger;
 class CDateTime;
 class CDateTimeSpan;
 class CDecimal;
+class CXmlCollectionBase;
+class CXmlObjectBase;
 
 // One member value of any primitive kind, tagged with its ItemType, through which descriptors and
 // generated classes exchange values. Small kinds are held inline, the others as an owned copy.
@@ -37,7 +40,7 @@ public:
 
     ItemType GetItemType() const { return m_type; }
     // The type's name ("i4", "datetime", ...). Throws CQxInvalidStateException "Invalid Type %d"
-    // for itNone, the reference kinds and unknown values.
+    // for itNone, the reference kinds (27, 28) and unknown values.
     std::wstring GetType() const;
 
     // Each setter replaces the held value and clears the nil flag.
@@ -67,6 +70,10 @@ public:
     void SetDecimal(const CDecimal& value);
     void SetInteger(const CBigInteger& value);
     void SetString(std::wstring value);
+    // The variant holds a counted reference to the object (a null one is held as an empty reference
+    // of that type); copies add a reference, Clear and destruction release it.
+    void SetXmlObject(CXmlObjectBase* value);
+    void SetXmlCollection(CXmlCollectionBase* value);
 
     // Inline kinds: the stored bits, whatever the type (zero after SetNil or Clear).
     char GetI1() const { return Inline<char>(); }
@@ -98,6 +105,9 @@ public:
     const CDecimal& GetDecimal() const;
     const CBigInteger& GetInteger() const;
     const std::wstring& GetString() const;
+    // Null unless the variant holds an object (a collection counts as one) or a collection.
+    CSmartPtr<CXmlObjectBase> GetXmlObject() const;
+    CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
     // The value's text; format is passed to the date and time kinds (empty: canonical form). A nil
     // value gives an empty text. Throws CQxInvalidStateException "Invalid Type %d to convert to
@@ -123,7 +133,8 @@ private:
     ItemType m_type = itNone;
     union {
         unsigned long long m_bits = 0; // every inline kind, read back with memcpy
-        void* m_object;                // the owned value of the other kinds, null when nil
+        void* m_object;                // the owned value of the other kinds, null when nil; for the
+                                       // reference kinds a counted CXmlObjectBase*
     };
 };
 
