@@ -117,8 +117,7 @@ void CXmlObjectBase::ToXmlFile(const wchar_t* fileName, bool includeDocHeader, b
         CFileBinaryStream(fileName, encoding, data).ToFile();
         return;
     }
-    CFileTextStream stream(fileName, encoding);
-    stream.Open();
+    CFileTextStream stream(fileName, encoding); // opened by the writer
     WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
 }
 

@@ -48,6 +48,8 @@
 #include <QxXmlLib16/data/ElementInfoSeqEnumOpt.h>
 #include <QxXmlLib16/PrimitiveRestrictions.h>
 #include <QxXmlLib16/XmlObjectHelper.h>
+#include <QxXmlLib16/ClassMetaData.h>
+#include <QxXmlLib16/data/ElementInfoSeqAbsClsOpt.h>
 #include <QxXmlLib16/XmlCollection.h>
 #include <QxXmlLib16/XmlTypeCollection.h>
 #include <QxXmlLib16/TypedCollection.h>

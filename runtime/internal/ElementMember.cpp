@@ -1,0 +1,91 @@
+#include "internal/ElementMember.h"
+
+#include <QxXmlLib16/XmlObjectBase.h>
+
+namespace QxXmlLib16Data::internal {
+
+void WriteInlineChildAttributes(const CElementInfo& info, XmlElementType elementKind,
+                                const CSerializationContext& context, const CXmlGeneratedClass* object,
+                                CXmlWriter* writer) {
+    // Only a plain group's attributes belong on the parent's element.
+    if (elementKind != etGroup) return;
+    QxVariant value;
+    info.ReadProperty(object, value);
+    CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
+    if (child) info.AttributesToXml_Int(child.Get(), writer, context);
+}
+
+void ThrowMissingRequired(const CElementInfo& info, const CXmlElement* parent) {
+    throw CQxValidationException(
+        FormatString(L"Failed to find the required child element [%ls].", info.GetName().c_str()),
+        parent->GetXPath());
+}
+
+Located LocateInSequence(const CElementInfo& info, const CSerializationContext& context,
+                         const CXmlElement* parent, CXmlElement** current, XmlElementType probe,
+                         bool skipWhileProbing) {
+    while (!info.IsThisElement(context, *current)) {
+        if (probe == etElement) {
+            if (context.GetIgnoreMissingMandatoryElements()) return Located::Ignored;
+            if (!context.GetIgnoreUnknownElements() || !*current) ThrowMissingRequired(info, parent);
+        } else if (!skipWhileProbing || !context.GetIgnoreUnknownElements() || !*current) {
+            return Located::Absent;
+        }
+        // The skipped element is lost even if the member is not found after it.
+        *current = (*current)->GetNextSiblingElement();
+    }
+    return Located::Found;
+}
+
+CSmartPtr<CXmlObjectBase> NewChild(const CElementInfo& info, const ClassTarget& target) {
+    CSmartPtr<CXmlObjectBase> child;
+    if (target.factory) child = target.factory(target.classNumber, info.GetName().c_str());
+    if (!child)
+        throw CQxInvalidStateException(
+            FormatString(L"The class factory made no object for [%ls].", info.GetName().c_str()));
+    return child;
+}
+
+CSmartPtr<CXmlObjectBase> ExistingChild(const CElementInfo& info, const ClassTarget& target,
+                                        CXmlGeneratedClass* object, const CXmlElement& at) {
+    QxVariant value;
+    info.InvokePropertyGet(object, value);
+    CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
+    if (!child) {
+        child = NewChild(info, target);
+        StoreChild(info, object, child.Get(), at);
+    }
+    return child;
+}
+
+void StoreChild(const CElementInfo& info, CXmlGeneratedClass* object, CXmlObjectBase* child,
+                const CXmlElement& at) {
+    QxVariant value;
+    value.SetXmlObject(child);
+    info.InvokePropertySet(object, value, at);
+}
+
+bool ReadInlineExisting(const CElementInfo& info, const ClassTarget& target, bool ordered,
+                        const CSerializationContext& context, CXmlGeneratedClass* object, CXmlElement* parent,
+                        CXmlElement** current, XmlElementType probe) {
+    CSmartPtr<CXmlObjectBase> child = ExistingChild(info, target, object, *parent);
+    CXmlElement* stopped = info.FromXml_Int(child.Get(), parent, *current, context, false);
+    const bool consumed = stopped != *current;
+    if (!ordered) {
+        *current = stopped;
+        return consumed;
+    }
+    if (target.requiredContent) {
+        if (!*current || !consumed) {
+            if (probe == etElement) ThrowMissingRequired(info, parent);
+            return false;
+        }
+    } else if (!consumed && *current && probe == etElement && context.GetIgnoreUnknownElements()) {
+        // Nothing of the group here, but what follows may be skipped: let the caller skip it.
+        return false;
+    }
+    *current = stopped;
+    return true;
+}
+
+} // namespace QxXmlLib16Data::internal

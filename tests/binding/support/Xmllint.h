@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+// Runs the independent validator xmllint on a document against the test schema. The document is
+// written to a temporary file in the working directory (the test's build folder).
+struct XmllintResult {
+    bool valid;
+    std::string output; // xmllint's diagnostics
+};
+
+XmllintResult ValidateWithXmllint(const std::string& utf8Document);
+XmllintResult ValidateWithXmllint(const std::wstring& document);
