@@ -80,3 +80,9 @@
 #include <QxXmlLib16/booleanCol.h>
 #include <QxXmlLib16/decimalCol.h>
 #include <QxXmlLib16/integerCol.h>
+#include <QxXmlLib16/TypedItemIterator.h>
+#include <QxXmlLib16/Attribute.h>
+#include <QxXmlLib16/AttributeCol.h>
+#include <QxXmlLib16/Element.h>
+#include <QxXmlLib16/ElementCol.h>
+#include <QxXmlLib16/data/AttributeInfoAny.h>
