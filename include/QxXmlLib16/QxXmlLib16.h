@@ -108,3 +108,17 @@
 #include <QxXmlLib16/data/ElementInfoAllAbsClsCol.h>
 #include <QxXmlLib16/data/ElementInfoAllPrimCol.h>
 #include <QxXmlLib16/data/ElementInfoAllEnumCol.h>
+#include <QxXmlLib16/TypedItemIterator.h>
+#include <QxXmlLib16/Attribute.h>
+#include <QxXmlLib16/AttributeCol.h>
+#include <QxXmlLib16/Element.h>
+#include <QxXmlLib16/ElementCol.h>
+#include <QxXmlLib16/data/AttributeInfoAny.h>
+#include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
+#include <QxXmlLib16/data/ElementInfoSeqUntpdOpt.h>
+#include <QxXmlLib16/data/ElementInfoSeqUntpdCol.h>
+#include <QxXmlLib16/data/ElementInfoChoiceUntpdOpt.h>
+#include <QxXmlLib16/data/ElementInfoChoiceUntpdCol.h>
+#include <QxXmlLib16/data/ElementInfoAllUntpdMnd.h>
+#include <QxXmlLib16/data/ElementInfoAllUntpdOpt.h>
+#include <QxXmlLib16/data/ElementInfoAllUntpdCol.h>
