@@ -1,0 +1,173 @@
+#include "support/ContentSchema.h"
+#include "support/Untyped.h"
+#include "support/Xmllint.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using namespace ContentSchema;
+
+namespace {
+
+const char kSchema[] = "content.xsd";
+
+std::string Narrow(const std::wstring& text) {
+    return std::string(text.begin(), text.end());
+}
+
+// Every repeated member filled, every wildcard used.
+const wchar_t kFull[] =
+    LR"(<bag xmlns="urn:qx:test:content" xmlns:a="urn:qx:a" xmlns:b="urn:qx:b" xmlns:o="urn:qx:o" a:tag="t1">)"
+    L"<hex>0FA1</hex><hex>FF</hex><b64>AQID</b64><i1>-128</i1><i1>127</i1><i2>-32768</i2>"
+    L"<i4>0</i4><i4>100</i4><i8>-9223372036854775808</i8><ui1>255</ui1><ui2>65535</ui2>"
+    L"<ui4>4294967295</ui4><ui8>18446744073709551615</ui8><r4>1.5</r4><r8>-2.25E10</r8>"
+    L"<dur>P1Y2M3DT4H5M6S</dur><ym>2024-02</ym><md>--12-25</md><yr>1999</yr><mo>--07</mo><dy>---31</dy>"
+    L"<date>2024-02-29</date><date>1970-01-01</date><dt>2024-01-02T03:04:05</dt><tm>23:59:59</tm>"
+    L"<str>abc</str><str> x y </str><bool>true</bool><bool>false</bool><dec>123.45</dec>"
+    L"<int>-123456789012345678901234567890</int><shade>dark</shade><shade>light</shade>"
+    L"<o:any o:k=\"v\"><o:deep>text</o:deep></o:any><local>plain</local>"
+    L"<a:one>1</a:one><b:two/><own><note>n</note></own><free/><o:free2>x</o:free2>"
+    L"</bag>";
+
+// The smallest valid bag; the invalid documents below each break one rule of it.
+std::wstring Bag(const std::wstring& attributes, const std::wstring& items, const std::wstring& wildcards) {
+    return L"<bag xmlns=\"urn:qx:test:content\" xmlns:o=\"urn:qx:o\"" + attributes + L">" + items +
+           wildcards + L"</bag>";
+}
+const std::wstring kItems = L"<i4>1</i4>";
+const std::wstring kWildcards = L"<o:x/><own><t/></own>";
+
+CSerializationContext Relaxed(void (CSerializationContext::*option)(bool)) {
+    CSerializationContext context;
+    (context.*option)(true);
+    return context;
+}
+
+TEST(ContentProof, EveryValueTypeAndWildcardSurvivesARoundTrip) {
+    CSmartPtr<CBag> bag(new CBag);
+    bag->FromXml(kFull);
+    EXPECT_EQ(bag->GetI1().GetCount(), 2);
+    EXPECT_EQ(bag->GetStr().Item(1), L" x y ");
+    EXPECT_EQ(bag->GetShade().Item(0), Shade_dark);
+    EXPECT_EQ(bag->GetOther()->GetNamespace(), L"urn:qx:o");
+    EXPECT_EQ(bag->GetLocal()->GetText(), L"plain");
+    EXPECT_EQ(bag->GetListed().GetCount(), 2);
+    EXPECT_EQ(bag->GetRest().GetCount(), 2);
+    EXPECT_EQ(bag->GetAttributes().GetCount(), 1);
+
+    const std::wstring written = bag->ToXml();
+    const XmllintResult lint = ValidateWithXmllint(written, kSchema);
+    EXPECT_TRUE(lint.valid) << lint.output << Narrow(written);
+    CSmartPtr<CBag> again(new CBag);
+    again->FromXml(written.c_str());
+    EXPECT_EQ(again->ToXml(), written);
+}
+
+TEST(ContentProof, AdditionalRootAttributesAreWrittenAndReadBackByTheWildcard) {
+    CSerializationContext context;
+    context.GetAdditionalRootAttributes()->Add(L"origin", L"x", L"urn:qx:b");
+    CSmartPtr<CBag> bag(new CBag);
+    bag->FromXml(Bag(L"", kItems, kWildcards).c_str());
+    const std::wstring written = bag->ToXml(true, true, eolLF, context);
+    EXPECT_NE(written.find(L"origin=\"x\""), std::wstring::npos) << Narrow(written);
+    EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid) << Narrow(written);
+
+    bag->FromXml(written.c_str());
+    ASSERT_EQ(bag->GetAttributes().GetCount(), 1);
+    EXPECT_EQ(bag->GetAttributes().Item(0)->GetNamespace(), L"urn:qx:b");
+    EXPECT_EQ(bag->ToXml(), written);
+}
+
+struct InvalidCase {
+    const char* name;
+    std::wstring document;
+    UntypedFailure failure; // innermost message, and its path
+};
+
+TEST(ContentProof, InvalidDocumentsAreRejectedByBothValidators) {
+    const InvalidCase cases[] = {
+        {"too few i4",
+         Bag(L"", L"", kWildcards),
+         {L"The Minimum number of [i4] elements allowed in this collection is 1", L""}},
+        {"too many i4",
+         Bag(L"", L"<i4>1</i4><i4>2</i4><i4>3</i4><i4>4</i4>", kWildcards),
+         {L"The Maximum number of [i4] elements allowed in this collection is 3", L""}},
+        {"too many dates",
+         Bag(L"", kItems + L"<date>2024-01-01</date><date>2024-01-02</date><date>2024-01-03</date>",
+             kWildcards),
+         {L"The Maximum number of [date] elements allowed in this collection is 2", L""}},
+        {"dateTime in a date list",
+         Bag(L"", kItems + L"<date>2024-01-02T03:04:05</date>", kWildcards),
+         {L"?", L"?"}},
+        {"i4 above its maximum", Bag(L"", L"<i4>101</i4>", kWildcards), {L"?", L"?"}},
+        {"str too long", Bag(L"", kItems + L"<str>abcdef</str>", kWildcards), {L"?", L"?"}},
+        {"dec with three decimals", Bag(L"", kItems + L"<dec>1.234</dec>", kWildcards), {L"?", L"?"}},
+        {"unknown shade", Bag(L"", kItems + L"<shade>pink</shade>", kWildcards), {L"?", L"?"}},
+        {"##other given the target namespace",
+         Bag(L"", kItems, L"<x/><own><t/></own>"),
+         {L"Failed to find the required element from namespace [urn:qx:test:content].", L"/bag"}},
+        {"##other given no namespace",
+         Bag(L"", kItems, L"<x xmlns=\"\"/><own><t/></own>"),
+         {L"Failed to find the required element from namespace [urn:qx:test:content].", L"/bag"}},
+        {"list given another URI",
+         Bag(L"", kItems, L"<o:x/><c:x xmlns:c=\"urn:qx:c\"/><own><t/></own>"),
+         {L"Failed to find the required child element [own].", L"/bag"}},
+        {"##targetNamespace given another",
+         Bag(L"", kItems, L"<o:x/><own><o:t/></own>"),
+         {L"Failed to find the required element from namespace [urn:qx:test:content].", L"?"}},
+        {"attribute of the target namespace",
+         Bag(L" xmlns:c=\"urn:qx:test:content\" c:z=\"1\"", kItems, kWildcards),
+         {L"Unexpected Attribute found.", L"?"}},
+        {"unqualified attribute",
+         Bag(L" z=\"1\"", kItems, kWildcards),
+         {L"Unexpected Attribute found.", L"?"}},
+    };
+    for (const InvalidCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        EXPECT_FALSE(ValidateWithXmllint(c.document, kSchema).valid);
+        CSmartPtr<CBag> bag(new CBag);
+        const UntypedFailure failure = FailureOf([&] { bag->FromXml(c.document.c_str()); });
+        EXPECT_EQ(Narrow(failure.message), Narrow(c.failure.message));
+        EXPECT_EQ(Narrow(failure.path), Narrow(c.failure.path));
+    }
+}
+
+TEST(ContentProof, IgnoringCollectionCountsLoadsAndWritesListsOutOfBounds) {
+    const CSerializationContext relaxed = Relaxed(&CSerializationContext::SetIgnoreInvalidCollectionCounts);
+    CSmartPtr<CBag> bag(new CBag);
+    bag->FromXml(Bag(L"", L"<i4>1</i4><i4>2</i4><i4>3</i4><i4>4</i4>", kWildcards).c_str(), relaxed);
+    EXPECT_EQ(bag->GetI4().GetCount(), 4);
+    EXPECT_NE(bag->ToXml(true, true, eolLF, relaxed).find(L"<i4>4</i4>"), std::wstring::npos);
+    EXPECT_EQ(FailureOf([&] { bag->ToXml(); }).message,
+              L"The Maximum number of [i4] elements allowed in this collection is 3");
+
+    bag->FromXml(Bag(L"", L"", kWildcards).c_str(), relaxed);
+    EXPECT_EQ(bag->GetI4().GetCount(), 0);
+}
+
+TEST(ContentProof, IgnoringUnknownElementsSkipsToTheNextNamedMemberButNotIntoAWildcard) {
+    const CSerializationContext relaxed = Relaxed(&CSerializationContext::SetIgnoreUnknownElements);
+    CSmartPtr<CBag> bag(new CBag);
+    bag->FromXml(Bag(L"", kItems, L"<o:x/><c:x xmlns:c=\"urn:qx:c\"/><own><t/></own>").c_str(), relaxed);
+    EXPECT_EQ(bag->GetListed().GetCount(), 0);
+    EXPECT_EQ(bag->GetOwn()->GetAny()->GetName(), L"t");
+
+    const UntypedFailure failure =
+        FailureOf([&] { bag->FromXml(Bag(L"", kItems, L"<x/><own><t/></own>").c_str(), relaxed); });
+    EXPECT_EQ(failure.message, L"Failed to find the required element from namespace [urn:qx:test:content].");
+}
+
+TEST(ContentProof, CollectionsRefuseBadValuesThroughTheApi) {
+    CSmartPtr<CBag> bag(new CBag);
+    const CDateTime stamp =
+        CConversions::datetimeFromString(L"2024-01-02T03:04:05", CWhitespaceUtils::wsCollapse);
+    EXPECT_EQ(FailureOf([&] { bag->GetDate().Add(stamp); }).message,
+              L"Dates added to this collection must be of type dt_date");
+    EXPECT_EQ(FailureOf([&] { bag->GetI4().Add(101); }).message, L"Invalid Value for i4 [101]");
+    EXPECT_EQ(FailureOf([&] { bag->GetShade().Add(static_cast<Shade>(7)); }).message,
+              L"The value [7] is not a valid Shade");
+    EXPECT_EQ(bag->GetDate().GetCount() + bag->GetI4().GetCount() + bag->GetShade().GetCount(), 0);
+}
+
+} // namespace
