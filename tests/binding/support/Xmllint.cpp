@@ -8,13 +8,12 @@
 #include <fstream>
 #include <unistd.h>
 
-XmllintResult ValidateWithXmllint(const std::string& utf8Document) {
+XmllintResult ValidateWithXmllint(const std::string& utf8Document, const char* schema) {
     static std::atomic<int> counter{0};
     const std::string file = "xmllint-" + std::to_string(getpid()) + "-" + std::to_string(counter++) + ".xml";
     std::ofstream(file, std::ios::binary) << utf8Document;
-    const std::string command = "xmllint --noout --schema '" QX_TEST_SOURCE_DIR
-                                "/binding/support/testschema.xsd' '" +
-                                file + "' 2>&1";
+    const std::string command = "xmllint --noout --schema '" QX_TEST_SOURCE_DIR "/binding/support/" +
+                                std::string(schema) + "' '" + file + "' 2>&1";
     XmllintResult result{false, std::string()};
     if (FILE* pipe = popen(command.c_str(), "r")) {
         char buffer[512];
@@ -26,8 +25,8 @@ XmllintResult ValidateWithXmllint(const std::string& utf8Document) {
     return result;
 }
 
-XmllintResult ValidateWithXmllint(const std::wstring& document) {
+XmllintResult ValidateWithXmllint(const std::wstring& document, const char* schema) {
     const QxXmlLib16::CBinaryData bytes = QxXmlLib16::CEncoder::UnicodeToUtf8Binary(document.c_str());
-    return ValidateWithXmllint(
-        std::string(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetLength()));
+    return ValidateWithXmllint(std::string(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetLength()),
+                               schema);
 }
