@@ -22,14 +22,14 @@ enum ConversionResult {
 
 enum ConversionFlags { strictConversion = 0, lenientConversion };
 
-QX_API ConversionResult ConvertUTF32toUTF8(const UTF32** sourceStart, const UTF32* sourceEnd, UTF8** targetStart,
-                                           UTF8* targetEnd, ConversionFlags flags);
-QX_API ConversionResult ConvertUTF8toUTF32(const UTF8** sourceStart, const UTF8* sourceEnd, UTF32** targetStart,
-                                           UTF32* targetEnd, ConversionFlags flags);
-QX_API ConversionResult ConvertUTF32toUTF16(const UTF32** sourceStart, const UTF32* sourceEnd, UTF16** targetStart,
-                                            UTF16* targetEnd, ConversionFlags flags);
-QX_API ConversionResult ConvertUTF16toUTF32(const UTF16** sourceStart, const UTF16* sourceEnd, UTF32** targetStart,
-                                            UTF32* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF32toUTF8(const UTF32** sourceStart, const UTF32* sourceEnd,
+                                           UTF8** targetStart, UTF8* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF8toUTF32(const UTF8** sourceStart, const UTF8* sourceEnd,
+                                           UTF32** targetStart, UTF32* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF32toUTF16(const UTF32** sourceStart, const UTF32* sourceEnd,
+                                            UTF16** targetStart, UTF16* targetEnd, ConversionFlags flags);
+QX_API ConversionResult ConvertUTF16toUTF32(const UTF16** sourceStart, const UTF16* sourceEnd,
+                                            UTF32** targetStart, UTF32* targetEnd, ConversionFlags flags);
 // True when the length bytes at source form one legal UTF-8 character.
 QX_API Boolean IsLegalUTF8(const UTF8* source, int length);
 // True when the character starting at source (not reaching sourceEnd) is legal UTF-8.
@@ -37,6 +37,8 @@ QX_API Boolean IsLegalUTF8Sequence(const UTF8* source, const UTF8* sourceEnd);
 
 // The library's wrappers, in lenient mode (an illegal sequence becomes U+FFFD and conversion goes
 // on). Each returns the number of units written; with a null target, the number needed.
+// UnicodeToUTF8 joins a high surrogate followed by a low one into the one character they encode,
+// as text read through 16-bit units keeps them as two wide characters.
 QX_API size_t UnicodeToUTF8(const wchar_t* source, size_t length, unsigned char* target, size_t capacity);
 QX_API size_t UTF8ToUnicode(const unsigned char* source, size_t length, wchar_t* target, size_t capacity);
 QX_API size_t UnicodeToUTF16(const wchar_t* source, size_t length, unsigned short* target, size_t capacity);
