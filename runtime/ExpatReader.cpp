@@ -24,8 +24,7 @@ const unsigned short kNameSeparator = '|';
 // itself can tell.
 bool ExpatUses16BitCharacters() {
     for (const XML_Feature* feature = XML_GetFeatureList(); feature->feature != XML_FEATURE_END; ++feature) {
-        if (feature->feature == XML_FEATURE_SIZEOF_XML_CHAR)
-            return feature->value == 2;
+        if (feature->feature == XML_FEATURE_SIZEOF_XML_CHAR) return feature->value == 2;
     }
     return false;
 }
@@ -50,29 +49,31 @@ SplitName Split(const unsigned short* name) {
     const unsigned short* separator = name;
     while (*separator && *separator != kNameSeparator)
         ++separator;
-    if (!*separator)
-        return {name, 0, name, static_cast<size_t>(separator - name)};
+    if (!*separator) return {name, 0, name, static_cast<size_t>(separator - name)};
     return {name, static_cast<size_t>(separator - name), separator + 1, UnitCount(separator + 1)};
 }
 } // namespace
 
 CExpatReader::CExpatReader(CXmlDocument& document)
-    : CInstanceMonitor(L"CExpatReader"), m_document(document), m_scratchBytes(0), m_parser(nullptr),
-      m_longTextCapacity(0) {}
+    : CInstanceMonitor(L"CExpatReader")
+    , m_document(document)
+    , m_scratchBytes(0)
+    , m_parser(nullptr)
+    , m_longTextCapacity(0) {}
 
-CExpatReader::~CExpatReader() { FreeParser(); }
+CExpatReader::~CExpatReader() {
+    FreeParser();
+}
 
 void CExpatReader::CreateParser() {
     static const bool wideParser = ExpatUses16BitCharacters();
-    if (!wideParser)
-        throw CQxException(L"The XML parser library does not use 16-bit characters.");
+    if (!wideParser) throw CQxException(L"The XML parser library does not use 16-bit characters.");
     FreeParser();
     m_scratch.reset(new wchar_t[kScratchBytes / sizeof(wchar_t)]);
     m_scratchBytes = kScratchBytes;
     m_parser = m_document.GetSchemaType() == stNoNamespaces ? XML_ParserCreate(nullptr)
                                                             : XML_ParserCreateNS(nullptr, kNameSeparator);
-    if (!m_parser)
-        throw std::bad_alloc();
+    if (!m_parser) throw std::bad_alloc();
     XML_SetUserData(m_parser, this);
     XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
     XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);
@@ -83,8 +84,7 @@ void CExpatReader::CreateParser() {
 }
 
 void CExpatReader::FreeParser() {
-    if (m_parser)
-        XML_ParserFree(m_parser);
+    if (m_parser) XML_ParserFree(m_parser);
     m_parser = nullptr;
 }
 
@@ -93,11 +93,12 @@ void CExpatReader::Cleanup() {
     m_scratchBytes = 0;
 }
 
-void CExpatReader::Parse(bool isFinal) { Parse(m_document.m_input, m_document.m_inputLength, isFinal); }
+void CExpatReader::Parse(bool isFinal) {
+    Parse(m_document.m_input, m_document.m_inputLength, isFinal);
+}
 
 void CExpatReader::Parse(const unsigned char* data, unsigned long length, bool isFinal) {
-    if (!m_parser)
-        CreateParser();
+    if (!m_parser) CreateParser();
     m_callbackError = nullptr;
     // The parser counts bytes in an int; larger inputs go in pieces.
     const unsigned long maxChunk = INT_MAX / 2;
@@ -122,11 +123,11 @@ void CExpatReader::Parse(const unsigned char* data, unsigned long length, bool i
         data += chunk;
         length -= chunk;
     } while (length > 0);
-    if (isFinal)
-        FreeParser();
+    if (isFinal) FreeParser();
 }
 
-const wchar_t* CExpatReader::Widen(const unsigned short* units, size_t length, bool textMode, size_t& written) {
+const wchar_t* CExpatReader::Widen(const unsigned short* units, size_t length, bool textMode,
+                                   size_t& written) {
     wchar_t* target = m_scratch.get();
     if ((length + 1) * sizeof(wchar_t) > m_scratchBytes) {
         if (m_longTextCapacity < length + 1) {
@@ -138,8 +139,7 @@ const wchar_t* CExpatReader::Widen(const unsigned short* units, size_t length, b
     size_t count = 0;
     if (textMode) {
         for (size_t i = 0; i < length && units[i]; ++i) {
-            if (units[i] != '\r')
-                target[count++] = units[i];
+            if (units[i] != '\r') target[count++] = units[i];
         }
     } else {
         for (size_t i = 0; i < length; ++i)
@@ -153,8 +153,7 @@ const wchar_t* CExpatReader::Widen(const unsigned short* units, size_t length, b
 template <typename Action>
 void CExpatReader::Guarded(void* userData, Action action) {
     CExpatReader& reader = *static_cast<CExpatReader*>(userData);
-    if (reader.m_callbackError)
-        return;
+    if (reader.m_callbackError) return;
     try {
         action(reader);
     } catch (...) {
@@ -171,8 +170,7 @@ void CExpatReader::StartElement(const unsigned short* name, const unsigned short
     size_t count = 0;
     while (attributes[2 * count])
         ++count;
-    if (count == 0)
-        return;
+    if (count == 0) return;
     element->m_attributes.reserve(count);
     for (size_t i = 0; i < count; ++i) {
         const SplitName attributeName = Split(attributes[2 * i]);
@@ -186,7 +184,8 @@ void CExpatReader::StartElement(const unsigned short* name, const unsigned short
     }
 }
 
-void CExpatReader::FnStartElement(void* userData, const unsigned short* name, const unsigned short** attributes) {
+void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
+                                  const unsigned short** attributes) {
     Guarded(userData, [&](CExpatReader& reader) { reader.StartElement(name, attributes); });
 }
 
@@ -198,7 +197,8 @@ void CExpatReader::FnStartNamespace(void* userData, const unsigned short* prefix
     Guarded(userData, [&](CExpatReader& reader) {
         const size_t prefixLength = prefix ? UnitCount(prefix) : 0;
         const size_t uriLength = uri ? UnitCount(uri) : 0;
-        reader.m_document.SetAlias(std::wstring(prefix, prefix + prefixLength), std::wstring(uri, uri + uriLength));
+        reader.m_document.SetAlias(std::wstring(prefix, prefix + prefixLength),
+                                   std::wstring(uri, uri + uriLength));
     });
 }
 
@@ -207,8 +207,7 @@ void CExpatReader::FnEndNamespace(void*, const unsigned short*) {}
 
 void CExpatReader::FnText(void* userData, const unsigned short* text, int length) {
     Guarded(userData, [&](CExpatReader& reader) {
-        if (reader.m_document.m_openElements.empty() || length <= 0)
-            return;
+        if (reader.m_document.m_openElements.empty() || length <= 0) return;
         size_t count;
         const wchar_t* wide = reader.Widen(text, static_cast<size_t>(length), true, count);
         reader.m_document.m_openElements.back()->AppendText(wide, static_cast<int>(count));

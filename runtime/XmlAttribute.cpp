@@ -7,9 +7,11 @@
 
 namespace QxXmlLib16 {
 
-CXmlAttribute::CXmlAttribute(const CXmlElement* owner, const std::wstring& localName, const std::wstring& value,
-                             const std::wstring& namespaceURI)
-    : CInstanceMonitor(L"CXmlAttribute"), m_owner(owner), m_value(value) {
+CXmlAttribute::CXmlAttribute(const CXmlElement* owner, const std::wstring& localName,
+                             const std::wstring& value, const std::wstring& namespaceURI)
+    : CInstanceMonitor(L"CXmlAttribute")
+    , m_owner(owner)
+    , m_value(value) {
     const CXmlDocument* document = owner ? owner->GetDocument() : nullptr;
     m_localName = &CXmlDocument::InternName(document, localName.data(), localName.size());
     m_namespaceURI = &CXmlDocument::InternName(document, namespaceURI.data(), namespaceURI.size());
@@ -17,17 +19,24 @@ CXmlAttribute::CXmlAttribute(const CXmlElement* owner, const std::wstring& local
 
 CXmlAttribute::CXmlAttribute(const CXmlElement* owner, const std::wstring& localName,
                              const std::wstring& namespaceURI)
-    : CInstanceMonitor(L"CXmlAttribute"), m_owner(owner), m_localName(&localName), m_namespaceURI(&namespaceURI) {}
+    : CInstanceMonitor(L"CXmlAttribute")
+    , m_owner(owner)
+    , m_localName(&localName)
+    , m_namespaceURI(&namespaceURI) {}
 
 CXmlAttribute::~CXmlAttribute() = default;
 
-void* CXmlAttribute::operator new(size_t size) { return internal::CNodePool::AllocateUnpooled(size); }
+void* CXmlAttribute::operator new(size_t size) {
+    return internal::CNodePool::AllocateUnpooled(size);
+}
 
 void* CXmlAttribute::operator new(size_t size, const CXmlDocument* document) {
     return CXmlDocument::AllocateNode(document, size);
 }
 
-void CXmlAttribute::operator delete(void* object, size_t size) { internal::CNodePool::Release(object, size); }
+void CXmlAttribute::operator delete(void* object, size_t size) {
+    internal::CNodePool::Release(object, size);
+}
 
 void CXmlAttribute::operator delete(void* object, const CXmlDocument*) {
     internal::CNodePool::Release(object, sizeof(CXmlAttribute));
@@ -48,10 +57,10 @@ std::wstring CXmlAttribute::GetXPath() const {
 }
 
 bool CXmlAttribute::IsNamespaceAttribute() const {
-    if (!internal::IsInstanceOrXmlnsNamespace(*m_namespaceURI))
-        return false;
+    if (!internal::IsInstanceOrXmlnsNamespace(*m_namespaceURI)) return false;
     const std::wstring& name = *m_localName;
-    return name == L"xmlns" || name == L"type" || name == L"schemaLocation" || name == L"noNamespaceSchemaLocation";
+    return name == L"xmlns" || name == L"type" || name == L"schemaLocation" ||
+           name == L"noNamespaceSchemaLocation";
 }
 
 bool CXmlAttribute::IsNilAttribute() const {

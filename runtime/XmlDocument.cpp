@@ -20,17 +20,14 @@ namespace {
 // gzip, or a zlib header (deflate method, window of at most 32 KiB, check bits): the only inputs
 // inflating can accept, so anything else is parsed where it lies without a copy.
 bool MayBeCompressed(const unsigned char* data, unsigned long length) {
-    if (length < 2)
-        return false;
-    if (data[0] == 0x1F && data[1] == 0x8B)
-        return true;
+    if (length < 2) return false;
+    if (data[0] == 0x1F && data[1] == 0x8B) return true;
     return (data[0] & 0x0F) == 8 && (data[0] >> 4) <= 7 && ((data[0] << 8) | data[1]) % 31 == 0;
 }
 
 unsigned char* AllocateBytes(unsigned long length) {
     unsigned char* bytes = static_cast<unsigned char*>(std::malloc(length ? length : 1));
-    if (!bytes)
-        throw std::bad_alloc();
+    if (!bytes) throw std::bad_alloc();
     return bytes;
 }
 
@@ -40,20 +37,26 @@ struct FileCloser {
 };
 } // namespace
 
-CXmlDocument::CXmlDocument() : CXmlDocument(nullptr, CSerializationContext::m_defaultContext) {}
+CXmlDocument::CXmlDocument()
+    : CXmlDocument(nullptr, CSerializationContext::m_defaultContext) {}
 
-CXmlDocument::CXmlDocument(const CSerializationContext& context) : CXmlDocument(nullptr, context) {}
+CXmlDocument::CXmlDocument(const CSerializationContext& context)
+    : CXmlDocument(nullptr, context) {}
 
 CXmlDocument::CXmlDocument(ElementCompleteCallback callback)
     : CXmlDocument(callback, CSerializationContext::m_defaultContext) {}
 
 CXmlDocument::CXmlDocument(ElementCompleteCallback callback, const CSerializationContext& context)
-    : CInstanceMonitor(L"CXmlDocument"), m_elementComplete(callback), m_context(&context),
-      m_store(new internal::CDocumentStore) {
+    : CInstanceMonitor(L"CXmlDocument")
+    , m_elementComplete(callback)
+    , m_context(&context)
+    , m_store(new internal::CDocumentStore) {
     Init();
 }
 
-CXmlDocument::~CXmlDocument() { CXmlDocument::Cleanup(); }
+CXmlDocument::~CXmlDocument() {
+    CXmlDocument::Cleanup();
+}
 
 void CXmlDocument::Init() {
     m_input = nullptr;
@@ -72,9 +75,9 @@ void CXmlDocument::Cleanup() {
     m_aliases.clear();
 }
 
-const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text, size_t length) {
-    if (document)
-        return document->m_store->names.Intern(text, length);
+const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text,
+                                             size_t length) {
+    if (document) return document->m_store->names.Intern(text, length);
     // Nodes built outside any document are rare; one locked table serves them all.
     static std::mutex lock;
     static internal::CNameTable names;
@@ -96,8 +99,7 @@ void CXmlDocument::Load(const wchar_t* fileName) {
     Cleanup();
     const wchar_t* name = fileName ? fileName : L"";
     std::unique_ptr<FILE, FileCloser> file(std::fopen(UnicodeToMultiByte(name).c_str(), "rt"));
-    if (!file)
-        throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
+    if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
     const long length = _filelength(file.get());
     if (length < 0) {
         const int error = errno;
@@ -110,7 +112,8 @@ void CXmlDocument::Load(const wchar_t* fileName) {
     if (read == 0 || read < m_inputLength) {
         const int error = std::ferror(file.get()) ? errno : 0;
         file.reset();
-        throw CQxException(FormatString(L"Failed to read the contents of the file [%ls] Error [%d]", name, error));
+        throw CQxException(
+            FormatString(L"Failed to read the contents of the file [%ls] Error [%d]", name, error));
     }
     file.reset();
     Parse();
@@ -118,8 +121,7 @@ void CXmlDocument::Load(const wchar_t* fileName) {
 
 void CXmlDocument::LoadXmlStream(unsigned char* data, unsigned long length) {
     Cleanup();
-    if (!data || length == 0)
-        throw CQxException(L"XML Stream is empty!");
+    if (!data || length == 0) throw CQxException(L"XML Stream is empty!");
     if (MayBeCompressed(data, length)) {
         TakeInput(data, length);
         Parse();
@@ -130,15 +132,13 @@ void CXmlDocument::LoadXmlStream(unsigned char* data, unsigned long length) {
 
 void CXmlDocument::LoadXml(const char* text) {
     Cleanup();
-    if (!text || !*text)
-        throw CQxException(L"XML String is empty!");
+    if (!text || !*text) throw CQxException(L"XML String is empty!");
     ParseText(reinterpret_cast<const unsigned char*>(text), static_cast<unsigned long>(std::strlen(text)));
 }
 
 void CXmlDocument::LoadXml(const wchar_t* text) {
     Cleanup();
-    if (!text || !*text)
-        throw CQxException(L"XML String is empty!");
+    if (!text || !*text) throw CQxException(L"XML String is empty!");
     const size_t length = std::wcslen(text);
     m_inputLength = static_cast<unsigned long>(2 * length + 2);
     m_input = AllocateBytes(m_inputLength);
@@ -156,7 +156,9 @@ void CXmlDocument::Parse() {
     ParseText();
 }
 
-void CXmlDocument::ParseText() { ParseText(m_input, m_inputLength); }
+void CXmlDocument::ParseText() {
+    ParseText(m_input, m_inputLength);
+}
 
 void CXmlDocument::ParseText(const unsigned char* data, unsigned long length) {
     CExpatReader reader(*this);
@@ -176,14 +178,15 @@ std::wstring CXmlDocument::LookupNamespaceFromAlias(const wchar_t* alias) const 
 std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI) const {
     const wchar_t* uri = namespaceURI ? namespaceURI : L"";
     for (const auto& entry : m_aliases) {
-        if (entry.second == uri)
-            return entry.first;
+        if (entry.second == uri) return entry.first;
     }
     return std::wstring();
 }
 
 CXmlElement* CXmlDocument::OpenElement(const std::wstring& namespaceURI, const std::wstring& localName) {
-    m_openElements.reserve(m_openElements.size() + 1); // room first, so that the push cannot fail
+    // Room first, so that the push below cannot fail once the element is linked.
+    if (m_openElements.size() == m_openElements.capacity())
+        m_openElements.reserve(2 * m_openElements.capacity() + 16);
     CXmlElement* element;
     if (m_documentElement) {
         if (m_openElements.empty())
@@ -200,8 +203,7 @@ CXmlElement* CXmlDocument::OpenElement(const std::wstring& namespaceURI, const s
 }
 
 CXmlElement* CXmlDocument::AddDocElement(const wchar_t* namespaceURI, const wchar_t* localName) {
-    if (m_documentElement)
-        throw CQxInvalidStateException(L"The document already has a document element.");
+    if (m_documentElement) throw CQxInvalidStateException(L"The document already has a document element.");
     return AddChildElement(namespaceURI, localName);
 }
 
@@ -213,7 +215,8 @@ CXmlElement* CXmlDocument::AddChildElement(const wchar_t* namespaceURI, const wc
 
 void CXmlDocument::AddElementAttribute(CXmlElement* element, const wchar_t* localName, const wchar_t* value,
                                        const wchar_t* namespaceURI) {
-    element->AddAttribute(localName ? localName : L"", value ? value : L"", namespaceURI ? namespaceURI : L"");
+    element->AddAttribute(localName ? localName : L"", value ? value : L"",
+                          namespaceURI ? namespaceURI : L"");
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const wchar_t* text, unsigned long length) {
@@ -223,19 +226,16 @@ void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const wchar_t* te
         while (text < end && *text && *text != L'\r')
             ++text;
         element->AppendText(run, static_cast<int>(text - run));
-        if (text < end && *text == L'\r')
-            ++text;
+        if (text < end && *text == L'\r') ++text;
     }
 }
 
 void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const wchar_t* text) {
-    if (text)
-        AppendTextExcludingCR(element, text, static_cast<unsigned long>(std::wcslen(text)));
+    if (text) AppendTextExcludingCR(element, text, static_cast<unsigned long>(std::wcslen(text)));
 }
 
 void CXmlDocument::EndElement() {
-    if (m_openElements.empty())
-        return;
+    if (m_openElements.empty()) return;
     CXmlElement* element = m_openElements.back();
     m_openElements.pop_back();
     // The document element is never dropped: the tree would be left without a root.

@@ -16,8 +16,14 @@ CXmlElement::CXmlElement(const CXmlDocument* document, const CXmlElement* parent
 
 CXmlElement::CXmlElement(const CXmlDocument* document, CXmlElement* parent, const std::wstring& namespaceURI,
                          const std::wstring& localName)
-    : CInstanceMonitor(L"CXmlElement"), m_document(document), m_parent(parent), m_nextSibling(nullptr),
-      m_firstChild(nullptr), m_lastChild(nullptr), m_namespaceURI(&namespaceURI), m_localName(&localName) {}
+    : CInstanceMonitor(L"CXmlElement")
+    , m_document(document)
+    , m_parent(parent)
+    , m_nextSibling(nullptr)
+    , m_firstChild(nullptr)
+    , m_lastChild(nullptr)
+    , m_namespaceURI(&namespaceURI)
+    , m_localName(&localName) {}
 
 CXmlElement::~CXmlElement() {
     DestroyChildren();
@@ -42,13 +48,17 @@ void CXmlElement::DestroyChildren() {
     }
 }
 
-void* CXmlElement::operator new(size_t size) { return internal::CNodePool::AllocateUnpooled(size); }
+void* CXmlElement::operator new(size_t size) {
+    return internal::CNodePool::AllocateUnpooled(size);
+}
 
 void* CXmlElement::operator new(size_t size, const CXmlDocument* document) {
     return CXmlDocument::AllocateNode(document, size);
 }
 
-void CXmlElement::operator delete(void* object, size_t size) { internal::CNodePool::Release(object, size); }
+void CXmlElement::operator delete(void* object, size_t size) {
+    internal::CNodePool::Release(object, size);
+}
 
 void CXmlElement::operator delete(void* object, const CXmlDocument*) {
     internal::CNodePool::Release(object, sizeof(CXmlElement));
@@ -71,8 +81,7 @@ CXmlElement* CXmlElement::CreateNewChildElement() {
 
 CXmlElement* CXmlElement::RemoveLastChildElement() {
     CXmlElement* last = m_lastChild;
-    if (!last)
-        return nullptr;
+    if (!last) return nullptr;
     if (m_firstChild == last) {
         m_firstChild = m_lastChild = nullptr;
     } else {
@@ -110,8 +119,7 @@ void CXmlElement::AddAttribute(const std::wstring& localName, const std::wstring
 }
 
 void CXmlElement::AppendText(const wchar_t* text, int length) {
-    if (length <= 0)
-        return;
+    if (length <= 0) return;
     const size_t needed = m_text.size() + static_cast<size_t>(length);
     if (!m_text.empty() && needed > m_text.capacity())
         m_text.reserve(std::max(2 * m_text.capacity(), needed));
@@ -119,8 +127,7 @@ void CXmlElement::AppendText(const wchar_t* text, int length) {
 }
 
 void CXmlElement::AppendText(const wchar_t* text) {
-    if (text)
-        AppendText(text, static_cast<int>(std::wcslen(text)));
+    if (text) AppendText(text, static_cast<int>(std::wcslen(text)));
 }
 
 const std::wstring& CXmlElement::GetAttribute(const std::wstring& localName,
@@ -135,30 +142,24 @@ const std::wstring& CXmlElement::GetAttribute(const std::wstring& localName,
 std::wstring CXmlElement::GetQName() const {
     if (!m_namespaceURI->empty() && m_document) {
         std::wstring alias = m_document->LookupAliasFromNamespace(m_namespaceURI->c_str());
-        if (!alias.empty())
-            return alias + L':' + *m_localName;
+        if (!alias.empty()) return alias + L':' + *m_localName;
     }
     return *m_localName;
 }
 
 std::wstring CXmlElement::GetNameWithPredicate() const {
     std::wstring name = GetQName();
-    if (!m_parent)
-        return name;
+    if (!m_parent) return name;
     int sameNamed = 0;
     int position = 0;
     for (const CXmlElement* sibling = m_parent->m_firstChild; sibling; sibling = sibling->m_nextSibling) {
         // Names are interned, so equal local names share one string.
-        if (sibling->m_localName != m_localName && *sibling->m_localName != *m_localName)
-            continue;
-        if (sibling->m_namespaceURI != m_namespaceURI && sibling->GetQName() != name)
-            continue;
+        if (sibling->m_localName != m_localName && *sibling->m_localName != *m_localName) continue;
+        if (sibling->m_namespaceURI != m_namespaceURI && sibling->GetQName() != name) continue;
         ++sameNamed;
-        if (sibling == this)
-            position = sameNamed;
+        if (sibling == this) position = sameNamed;
     }
-    if (sameNamed > 1)
-        name += L'[' + std::to_wstring(position) + L']';
+    if (sameNamed > 1) name += L'[' + std::to_wstring(position) + L']';
     return name;
 }
 

@@ -18,14 +18,22 @@ struct EscapeTable {
 };
 const EscapeTable kEscapes;
 
-bool IsSpecial(wchar_t c) { return static_cast<unsigned long>(c) < 128 && kEscapes.special[c]; }
+bool IsSpecial(wchar_t c) {
+    return static_cast<unsigned long>(c) < 128 && kEscapes.special[c];
+}
 
 const wchar_t kCDataStart[] = L"<![CDATA[";
 } // namespace
 
 CXmlTextWriter::CXmlTextWriter(CTextStream& stream)
-    : CXmlWriter(L"CXmlTextWriter"), m_writeDefaultElementValues(false), m_indentChars(L"\t"), m_eol(L"\n"),
-      m_eolType(eolLF), m_format(true), m_stream(stream), m_rootStarted(false) {}
+    : CXmlWriter(L"CXmlTextWriter")
+    , m_writeDefaultElementValues(false)
+    , m_indentChars(L"\t")
+    , m_eol(L"\n")
+    , m_eolType(eolLF)
+    , m_format(true)
+    , m_stream(stream)
+    , m_rootStarted(false) {}
 
 CXmlTextWriter::~CXmlTextWriter() = default;
 
@@ -40,20 +48,22 @@ void CXmlTextWriter::Close() {
 }
 
 void CXmlTextWriter::SetEOLType(EOLType type) {
-    if (type != eolCRLF && type != eolLF)
-        throw CQxException(L"Invalid EOL type.");
+    if (type != eolCRLF && type != eolLF) throw CQxException(L"Invalid EOL type.");
     m_eolType = type;
     m_eol = type == eolCRLF ? L"\r\n" : L"\n";
 }
 
-void CXmlTextWriter::SetIndentChars(const wchar_t* indent) { m_indentChars = indent ? indent : L""; }
-
-void CXmlTextWriter::FlushIfFull() {
-    if (m_stream.GetLength() >= kFlushThreshold)
-        m_stream.Flush();
+void CXmlTextWriter::SetIndentChars(const wchar_t* indent) {
+    m_indentChars = indent ? indent : L"";
 }
 
-void CXmlTextWriter::WriteEol() { m_stream.Append(m_eol); }
+void CXmlTextWriter::FlushIfFull() {
+    if (m_stream.GetLength() >= kFlushThreshold) m_stream.Flush();
+}
+
+void CXmlTextWriter::WriteEol() {
+    m_stream.Append(m_eol);
+}
 
 void CXmlTextWriter::WriteIndent(int depth) {
     for (int i = 0; i < depth; ++i)
@@ -61,8 +71,7 @@ void CXmlTextWriter::WriteIndent(int depth) {
 }
 
 void CXmlTextWriter::PadAndAppend(const wchar_t* text, bool inAttribute) {
-    if (text)
-        Escape(text, std::wcslen(text), inAttribute);
+    if (text) Escape(text, std::wcslen(text), inAttribute);
 }
 
 void CXmlTextWriter::Escape(const wchar_t* text, size_t length, bool inAttribute) {
@@ -71,10 +80,8 @@ void CXmlTextWriter::Escape(const wchar_t* text, size_t length, bool inAttribute
         const wchar_t* run = text;
         while (text < end && !IsSpecial(*text))
             ++text;
-        if (text > run)
-            m_stream.Append(run, text - run);
-        if (text == end)
-            break;
+        if (text > run) m_stream.Append(run, text - run);
+        if (text == end) break;
         switch (*text++) {
         case L'&':
             m_stream.Append(L"&amp;", 5);
@@ -115,8 +122,7 @@ void CXmlTextWriter::WriteStartDocument() {
 }
 
 void CXmlTextWriter::WriteHeaderDirective(const std::wstring& text) {
-    if (m_rootStarted)
-        throw CQxException(L"Headed directives must appear before an Element has been added.");
+    if (m_rootStarted) throw CQxException(L"Headed directives must appear before an Element has been added.");
     m_stream.Append(text);
     WriteEol();
     FlushIfFull();
@@ -124,8 +130,7 @@ void CXmlTextWriter::WriteHeaderDirective(const std::wstring& text) {
 
 void CXmlTextWriter::WriteRawElement(const std::wstring& text) {
     m_stream.Append(text);
-    if (m_format)
-        WriteEol();
+    if (m_format) WriteEol();
 }
 
 void CXmlTextWriter::WriteComment(const std::wstring& text) {
@@ -153,14 +158,12 @@ void CXmlTextWriter::WriteInlineSchema(const std::wstring& text) {
 
 void CXmlTextWriter::CloseParentElm() {
     CXmlWriterContext* parent = GetCurrentContext();
-    if (!parent)
-        return;
+    if (!parent) return;
     parent->AddChild();
     if (parent->IsStartTagOpen()) {
         m_stream.Append(L'>');
         parent->SetStartTagOpen(false);
-        if (m_format)
-            WriteEol();
+        if (m_format) WriteEol();
     }
 }
 
@@ -168,8 +171,7 @@ const std::wstring& CXmlTextWriter::PrefixFor(CXmlWriterContext& context, const 
                                               bool& isNew) {
     const std::wstring& prefix = context.GetNamespaceMapValue(namespaceURI);
     isNew = prefix.empty();
-    if (!isNew)
-        return prefix;
+    if (!isNew) return prefix;
     context.SetNamespaceMapValue(namespaceURI, GetUniquePrefix(context.GetNamespaceMap()));
     return context.GetNamespaceMapValue(namespaceURI);
 }
@@ -186,15 +188,13 @@ void CXmlTextWriter::WriteStartElement(const std::wstring& localName, const std:
     CloseParentElm();
     m_rootStarted = true;
     CXmlWriterContext& context = PushContext(localName, namespaceURI);
-    if (m_format)
-        WriteIndent(context.GetDepth());
+    if (m_format) WriteIndent(context.GetDepth());
     m_stream.Append(L'<');
     const std::wstring* newPrefix = nullptr;
     if (!namespaceURI.empty() && namespaceURI != context.GetDefaultNamespace()) {
         bool isNew;
         const std::wstring& prefix = PrefixFor(context, namespaceURI, isNew);
-        if (isNew)
-            newPrefix = &prefix;
+        if (isNew) newPrefix = &prefix;
         m_stream.Append(prefix);
         m_stream.Append(L':');
     }
@@ -210,8 +210,7 @@ void CXmlTextWriter::WriteStartElement(const std::wstring& localName, const std:
             m_stream.Append(L'"');
         }
         for (const auto& entry : GetNamespaceMap()) {
-            if (entry.first.compare(0, std::wcslen(XML_NAMESPACE), XML_NAMESPACE) == 0)
-                continue;
+            if (entry.first.compare(0, std::wcslen(XML_NAMESPACE), XML_NAMESPACE) == 0) continue;
             m_stream.Append(L' ');
             WriteDeclaration(entry.second, entry.first);
         }
@@ -272,8 +271,7 @@ void CXmlTextWriter::WriteAttributeNil() {
 }
 
 void CXmlTextWriter::WriteString(const std::wstring& text, ItemType, bool isDefaultValue) {
-    if (text.empty() || (isDefaultValue && !m_writeDefaultElementValues))
-        return;
+    if (text.empty() || (isDefaultValue && !m_writeDefaultElementValues)) return;
     CXmlWriterContext* context = GetCurrentContext();
     if (context && context->IsStartTagOpen()) {
         m_stream.Append(L'>');
@@ -288,13 +286,11 @@ void CXmlTextWriter::WriteString(const std::wstring& text, ItemType, bool isDefa
 
 void CXmlTextWriter::WriteEndElement() {
     CXmlWriterContext* context = GetCurrentContext();
-    if (!context)
-        throw CQxException(L"No Element is open.");
+    if (!context) throw CQxException(L"No Element is open.");
     if (context->IsStartTagOpen()) {
         m_stream.Append(L"/>", 2);
     } else {
-        if (m_format && context->GetChildCount() > 0)
-            WriteIndent(context->GetDepth());
+        if (m_format && context->GetChildCount() > 0) WriteIndent(context->GetDepth());
         m_stream.Append(L"</", 2);
         const std::wstring& namespaceURI = context->GetNamespaceURI();
         if (!namespaceURI.empty() && namespaceURI != context->GetDefaultNamespace()) {
@@ -304,8 +300,7 @@ void CXmlTextWriter::WriteEndElement() {
         m_stream.Append(context->GetLocalName());
         m_stream.Append(L'>');
     }
-    if (m_format)
-        WriteEol();
+    if (m_format) WriteEol();
     PopContext();
     FlushIfFull();
 }

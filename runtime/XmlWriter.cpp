@@ -10,20 +10,27 @@ const std::wstring& EmptyString() {
 }
 } // namespace
 
-CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::wstring& localName, const std::wstring& namespaceURI,
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::wstring& localName,
+                                                 const std::wstring& namespaceURI,
                                                  const std::wstring& defaultNamespace,
                                                  const NamespaceMap& namespaceMap)
-    : CInstanceMonitor(L"CXmlWriterContext"), m_namespaceMap(nullptr), m_ownsMap(false) {
+    : CInstanceMonitor(L"CXmlWriterContext")
+    , m_namespaceMap(nullptr)
+    , m_ownsMap(false) {
     StartRoot(localName, namespaceURI, defaultNamespace, namespaceMap);
 }
 
-CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::wstring& localName, const std::wstring& namespaceURI,
-                                                 CXmlWriterContext* parent)
-    : CInstanceMonitor(L"CXmlWriterContext"), m_namespaceMap(nullptr), m_ownsMap(false) {
+CXmlWriter::CXmlWriterContext::CXmlWriterContext(const std::wstring& localName,
+                                                 const std::wstring& namespaceURI, CXmlWriterContext* parent)
+    : CInstanceMonitor(L"CXmlWriterContext")
+    , m_namespaceMap(nullptr)
+    , m_ownsMap(false) {
     StartChild(localName, namespaceURI, parent);
 }
 
-CXmlWriter::CXmlWriterContext::~CXmlWriterContext() { DropOwnMap(); }
+CXmlWriter::CXmlWriterContext::~CXmlWriterContext() {
+    DropOwnMap();
+}
 
 void CXmlWriter::CXmlWriterContext::Start(const std::wstring& localName, const std::wstring& namespaceURI,
                                           CXmlWriterContext* parent) {
@@ -48,8 +55,8 @@ void CXmlWriter::CXmlWriterContext::StartRoot(const std::wstring& localName, con
     m_ownsMap = true;
 }
 
-void CXmlWriter::CXmlWriterContext::StartChild(const std::wstring& localName, const std::wstring& namespaceURI,
-                                               CXmlWriterContext* parent) {
+void CXmlWriter::CXmlWriterContext::StartChild(const std::wstring& localName,
+                                               const std::wstring& namespaceURI, CXmlWriterContext* parent) {
     Start(localName, namespaceURI, parent);
     m_effectiveDefault = parent->m_effectiveDefault;
     m_namespaceMap = parent->m_namespaceMap;
@@ -57,15 +64,13 @@ void CXmlWriter::CXmlWriterContext::StartChild(const std::wstring& localName, co
 }
 
 void CXmlWriter::CXmlWriterContext::DropOwnMap() {
-    if (m_ownsMap)
-        delete m_namespaceMap;
+    if (m_ownsMap) delete m_namespaceMap;
     m_namespaceMap = nullptr;
     m_ownsMap = false;
 }
 
 void CXmlWriter::CXmlWriterContext::OwnDeclarations() {
-    if (m_ownsMap)
-        return;
+    if (m_ownsMap) return;
     m_defaultNamespace = *m_effectiveDefault;
     m_effectiveDefault = &m_defaultNamespace;
     m_namespaceMap = new NamespaceMap(*m_namespaceMap);
@@ -78,7 +83,8 @@ void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const std::wstring& name
     m_defaultNamespace = namespaceURI;
 }
 
-const std::wstring& CXmlWriter::CXmlWriterContext::GetNamespaceMapValue(const std::wstring& namespaceURI) const {
+const std::wstring&
+CXmlWriter::CXmlWriterContext::GetNamespaceMapValue(const std::wstring& namespaceURI) const {
     auto found = m_namespaceMap->find(namespaceURI);
     return found == m_namespaceMap->end() ? EmptyString() : found->second;
 }
@@ -89,7 +95,9 @@ void CXmlWriter::CXmlWriterContext::SetNamespaceMapValue(const std::wstring& nam
     (*m_namespaceMap)[namespaceURI] = prefix;
 }
 
-CXmlWriter::CXmlWriter(const wchar_t* className) : CInstanceMonitor(className), m_currentContext(nullptr) {
+CXmlWriter::CXmlWriter(const wchar_t* className)
+    : CInstanceMonitor(className)
+    , m_currentContext(nullptr) {
     m_namespaceMap[XML_NAMESPACE] = L"xml";
 }
 
@@ -102,8 +110,7 @@ CXmlWriter::~CXmlWriter() {
 }
 
 void CXmlWriter::Close() {
-    if (m_currentContext)
-        throw CQxException(L"An Element has not been closed.");
+    if (m_currentContext) throw CQxException(L"An Element has not been closed.");
 }
 
 void CXmlWriter::SetDefaultNamespace(const std::wstring& namespaceURI) {
@@ -121,8 +128,7 @@ void CXmlWriter::AddNamespace(const std::wstring& prefix, const std::wstring& na
 }
 
 void CXmlWriter::SetContextState(ContextState state) {
-    if (m_currentContext)
-        m_currentContext->SetContextState(state);
+    if (m_currentContext) m_currentContext->SetContextState(state);
 }
 
 std::wstring CXmlWriter::NsIntToString(int value) {
@@ -140,8 +146,7 @@ std::wstring CXmlWriter::GetUniquePrefix(const NamespaceMap& namespaceMap) {
                 break;
             }
         }
-        if (!taken)
-            return prefix;
+        if (!taken) return prefix;
     }
 }
 

@@ -1,15 +1,24 @@
 #!/usr/bin/env bash
-# Builds the benchmarks (release build in build-bench/) and runs one of them.
-#   tools/bench.sh conversions    text conversions against the bare C library calls
+# Builds the benchmarks (optimised, in build-bench/) and runs one of them.
+#   tools/bench.sh xml [points]   XML text load and write on a generated GPX document
+#                                 (default 178000 track points, about 50 MB)
+#   tools/bench.sh <name>         any other bench/<name>_bench.cpp
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-if [ $# -ne 1 ]; then
-    echo "usage: $0 <benchmark>   (one of: $(ls bench/*.cpp | sed 's|bench/||; s|_bench.cpp||; s|.cpp||' | tr '\n' ' '))" >&2
+if [ $# -lt 1 ]; then
+    echo "usage: $0 <benchmark> [points]   (one of: $(ls bench/*_bench.cpp | sed 's|bench/||; s|_bench.cpp||' | tr '\n' ' '))" >&2
     exit 2
 fi
-target="$1_bench"
-[ -f "bench/$1.cpp" ] && target="$1"
-cmake -S . -B build-bench -DCMAKE_BUILD_TYPE=Release -DQX_BUILD_BENCH=ON -DQX_BUILD_TESTS=OFF >/dev/null
-cmake --build build-bench -j 2 --target "$target"
-"build-bench/bench/$target"
+name="$1"
+build=build-bench
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DQX_BUILD_BENCH=ON -DQX_BUILD_TESTS=OFF >/dev/null
+cmake --build "$build" -j 2 --target "${name}_bench"
+if [ "$name" = xml ]; then
+    points="${2:-178000}"
+    document="$build/bench-$points.gpx"
+    [ -f "$document" ] || python3 ../shared/tools/gen_gpx.py --points "$points" -o "$document"
+    "$build/bench/${name}_bench" "$document"
+else
+    "$build/bench/${name}_bench"
+fi

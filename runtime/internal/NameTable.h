@@ -14,12 +14,12 @@ namespace internal {
 // one character). References stay valid as long as the table: the storage never moves.
 class CNameTable {
 public:
-    CNameTable() : m_slots(64) {}
+    CNameTable()
+        : m_slots(64) {}
 
     template <typename Char>
     const std::wstring& Intern(const Char* text, size_t length) {
-        if (length == 0)
-            return Empty();
+        if (length == 0) return Empty();
         const uint32_t hash = Hash(text, length);
         size_t mask = m_slots.size() - 1;
         for (size_t i = hash & mask;; i = (i + 1) & mask) {
@@ -27,12 +27,10 @@ public:
             if (!slot.name) {
                 m_names.emplace_back(text, text + length);
                 slot = {hash, &m_names.back()};
-                if (m_names.size() * 2 > m_slots.size())
-                    Grow();
+                if (m_names.size() * 2 > m_slots.size()) Grow();
                 return m_names.back();
             }
-            if (slot.hash == hash && Equals(*slot.name, text, length))
-                return *slot.name;
+            if (slot.hash == hash && Equals(*slot.name, text, length)) return *slot.name;
         }
     }
 
@@ -57,11 +55,9 @@ private:
 
     template <typename Char>
     static bool Equals(const std::wstring& name, const Char* text, size_t length) {
-        if (name.size() != length)
-            return false;
+        if (name.size() != length) return false;
         for (size_t i = 0; i < length; ++i)
-            if (name[i] != static_cast<wchar_t>(text[i]))
-                return false;
+            if (name[i] != static_cast<wchar_t>(text[i])) return false;
         return true;
     }
 
@@ -69,8 +65,7 @@ private:
         std::vector<Slot> slots(m_slots.size() * 2);
         const size_t mask = slots.size() - 1;
         for (const Slot& slot : m_slots) {
-            if (!slot.name)
-                continue;
+            if (!slot.name) continue;
             size_t i = slot.hash & mask;
             while (slots[i].name)
                 i = (i + 1) & mask;

@@ -24,16 +24,14 @@ public:
 
     void* Allocate(size_t size) {
         const size_t sizeClass = ClassOf(size);
-        if (sizeClass >= kClasses)
-            return AllocateUnpooled(size);
+        if (sizeClass >= kClasses) return AllocateUnpooled(size);
         char* block;
         if (FreeBlock* head = m_free[sizeClass]) {
             m_free[sizeClass] = head->next;
             block = reinterpret_cast<char*>(head);
         } else {
             const size_t bytes = sizeClass * kGrain;
-            if (static_cast<size_t>(m_end - m_cursor) < bytes)
-                NewPage();
+            if (static_cast<size_t>(m_end - m_cursor) < bytes) NewPage();
             block = m_cursor;
             m_cursor += bytes;
         }
@@ -43,16 +41,14 @@ public:
 
     static void* AllocateUnpooled(size_t size) {
         char* block = static_cast<char*>(std::malloc(size + kHeader));
-        if (!block)
-            throw std::bad_alloc();
+        if (!block) throw std::bad_alloc();
         *reinterpret_cast<CNodePool**>(block) = nullptr;
         return block + kHeader;
     }
 
     // The size must be the one the block was allocated with.
     static void Release(void* object, size_t size) {
-        if (!object)
-            return;
+        if (!object) return;
         char* block = static_cast<char*>(object) - kHeader;
         CNodePool* pool = *reinterpret_cast<CNodePool**>(block);
         if (!pool) {
@@ -78,8 +74,7 @@ private:
 
     void NewPage() {
         char* page = static_cast<char*>(std::malloc(kPageBytes));
-        if (!page)
-            throw std::bad_alloc();
+        if (!page) throw std::bad_alloc();
         m_pages.push_back(page);
         m_cursor = page;
         m_end = page + kPageBytes;

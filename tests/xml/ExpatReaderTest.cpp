@@ -30,7 +30,9 @@ std::wstring RootText(const std::string& bytes, const CSerializationContext& con
     return document.GetDocumentElement()->GetText();
 }
 
-std::wstring RootText(const std::string& bytes) { return RootText(bytes, CSerializationContext::m_defaultContext); }
+std::wstring RootText(const std::string& bytes) {
+    return RootText(bytes, CSerializationContext::m_defaultContext);
+}
 
 } // namespace
 
@@ -131,7 +133,7 @@ TEST(ExpatReaderHostile, EntityExpansionIsRefused) {
 }
 
 TEST(ExpatReaderHostile, ExternalEntitiesAreNeverFetched) {
-    const std::wstring text =
-        RootText("<!DOCTYPE a SYSTEM 'file:///etc/passwd' [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><a>[&e;]</a>");
+    const std::wstring text = RootText(
+        "<!DOCTYPE a SYSTEM 'file:///etc/passwd' [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><a>[&e;]</a>");
     EXPECT_EQ(L"[]", text);
 }

@@ -30,8 +30,8 @@ std::wstring LoadError(const std::function<void(CXmlDocument&)>& load) {
 class TempFile {
 public:
     explicit TempFile(const std::string& bytes) {
-        char name[] = "/tmp/qxxmlXXXXXX";
-        const int fd = mkstemp(name);
+        std::string name = testing::TempDir() + "qxxmlXXXXXX";
+        const int fd = mkstemp(&name[0]);
         EXPECT_EQ(static_cast<ssize_t>(bytes.size()), write(fd, bytes.data(), bytes.size()));
         close(fd);
         m_name = name;
@@ -186,7 +186,8 @@ TEST(XmlDocumentLoading, AllFormsGiveTheSameTree) {
     document.Load(file.Name().c_str());
     check(document);
     for (CompressionType type : {ctGzip, ctZlib}) {
-        std::string big = "<?xml version='1.0'?><r a='\xC3\xA9'>\xE2\x82\xAC" + std::string(300, ' ') + "</r>";
+        std::string big =
+            "<?xml version='1.0'?><r a='\xC3\xA9'>\xE2\x82\xAC" + std::string(300, ' ') + "</r>";
         unsigned long length = big.size();
         unsigned char* data = static_cast<unsigned char*>(std::malloc(length));
         std::memcpy(data, big.data(), length);
@@ -204,12 +205,15 @@ TEST(XmlDocumentLoading, Messages) {
     TempFile empty("");
     const std::wstring emptyName = empty.Name();
     const std::pair<std::function<void(CXmlDocument&)>, std::wstring> cases[] = {
-        {[](CXmlDocument& d) { d.Load(L"/nonexistent/x.xml"); }, L"Failed to open the file [/nonexistent/x.xml]."},
+        {[](CXmlDocument& d) { d.Load(L"/nonexistent/x.xml"); },
+         L"Failed to open the file [/nonexistent/x.xml]."},
         {[&](CXmlDocument& d) { d.Load(emptyName.c_str()); },
          L"Failed to read the contents of the file [" + emptyName + L"] Error [0]"},
         {[](CXmlDocument& d) { d.LoadXml(""); }, L"XML String is empty!"},
         {[](CXmlDocument& d) { d.LoadXml(L""); }, L"XML String is empty!"},
-        {[](CXmlDocument& d) { d.LoadXmlStream(reinterpret_cast<unsigned char*>(const_cast<char*>("<a/>")), 0); },
+        {[](CXmlDocument& d) {
+             d.LoadXmlStream(reinterpret_cast<unsigned char*>(const_cast<char*>("<a/>")), 0);
+         },
          L"XML Stream is empty!"},
     };
     for (const auto& c : cases)

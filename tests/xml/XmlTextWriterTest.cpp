@@ -109,15 +109,16 @@ TEST(XmlTextWriterAttributes, EscapingAndQualifiedNames) {
 }
 
 TEST(XmlTextWriterAttributes, TypeAndNil) {
-    EXPECT_EQ(L"<e xmlns:AA=\"urn:t\"  xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" AB:type=\"AA:T\""
-              L" AB:nil=\"true\"/>",
-              Written([](CXmlTextWriter& w) {
-                  w.SetFormat(false);
-                  w.WriteStartElement(L"e", L"");
-                  w.WriteAttributeType(L"urn:t", L"T", itNone);
-                  w.WriteAttributeNil();
-                  w.WriteEndElement();
-              }));
+    EXPECT_EQ(
+        L"<e xmlns:AA=\"urn:t\"  xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" AB:type=\"AA:T\""
+        L" AB:nil=\"true\"/>",
+        Written([](CXmlTextWriter& w) {
+            w.SetFormat(false);
+            w.WriteStartElement(L"e", L"");
+            w.WriteAttributeType(L"urn:t", L"T", itNone);
+            w.WriteAttributeNil();
+            w.WriteEndElement();
+        }));
 }
 
 TEST(XmlTextWriterText, EscapingLineEndsAndCData) {
@@ -217,7 +218,8 @@ namespace {
 // Counts the flushes and the characters buffered at each.
 class CountingStream : public CTextStream {
 public:
-    CountingStream() : CTextStream(encUTF8) {}
+    CountingStream()
+        : CTextStream(encUTF8) {}
     void Flush() override {
         flushedAt.push_back(GetLength());
         m_buffer.Empty();

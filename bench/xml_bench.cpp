@@ -1,0 +1,150 @@
+// XML text load and write against a bare parse by the same expat build, in one run.
+//   xml_bench <document.xml>
+// Each phase runs alone on the document already in memory; the median of 5 runs is reported.
+
+#include <QxXmlLib16/BinaryData.h>
+#include <QxXmlLib16/ConvertUTF.h>
+#include <QxXmlLib16/TextStream.h>
+#include <QxXmlLib16/XmlAttribute.h>
+#include <QxXmlLib16/XmlDocument.h>
+#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/XmlTextWriter.h>
+
+#include <expat.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <vector>
+
+using namespace QxXmlLib16;
+
+namespace {
+
+double MedianSeconds(const std::function<void()>& phase) {
+    std::vector<double> times;
+    for (int i = 0; i < 5; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        phase();
+        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    }
+    std::sort(times.begin(), times.end());
+    return times[2];
+}
+
+long PeakResidentKiB() {
+    std::ifstream status("/proc/self/status");
+    std::string line;
+    while (std::getline(status, line)) {
+        if (line.compare(0, 6, "VmHWM:") == 0) return std::stol(line.substr(6));
+    }
+    return -1;
+}
+
+// Encodes each block the writer flushes (every 4096 characters) into UTF-8 bytes, as a file stream
+// does, so that the whole document never waits as wide text.
+class Utf8Sink : public CTextStream {
+public:
+    Utf8Sink()
+        : CTextStream(encUTF8) {}
+    void Flush() override {
+        const unsigned long length = GetLength();
+        if (length == 0) return;
+        const wchar_t* text = m_buffer.GetText();
+        const size_t needed = UnicodeToUTF8(text, length, nullptr, 0);
+        const size_t used = bytes.size();
+        bytes.resize(used + needed);
+        UnicodeToUTF8(text, length, bytes.data() + used, needed);
+        m_buffer.Empty();
+    }
+    void Close() override { Flush(); }
+    std::vector<unsigned char> bytes;
+};
+
+void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
+void XMLCALL NoEnd(void*, const XML_Char*) {}
+void XMLCALL NoText(void*, const XML_Char*, int) {}
+
+void BareParse(const std::vector<unsigned char>& bytes) {
+    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
+    XML_SetElementHandler(parser, NoStart, NoEnd);
+    XML_SetCharacterDataHandler(parser, NoText);
+    if (XML_Parse(parser, reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()),
+                  XML_TRUE) != XML_STATUS_OK)
+        std::fprintf(stderr, "bare parse failed\n");
+    XML_ParserFree(parser);
+}
+
+// Attributes, own text, then children: the order the binding writes in.
+void WriteTree(const CXmlElement& element, CXmlWriter& writer) {
+    writer.WriteStartElement(element.GetLocalName(), element.GetNamespaceURI());
+    for (const CXmlAttribute* attribute : element.GetAttributes())
+        writer.WriteAttributeString(attribute->GetLocalName(), attribute->GetNamespaceURI(),
+                                    attribute->GetValue(), itString);
+    writer.WriteString(element.GetText(), itString, false);
+    for (const CXmlElement* child = element.GetFirstElement(); child; child = child->GetNextSiblingElement())
+        WriteTree(*child, writer);
+    writer.WriteEndElement();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s <document.xml>\n", argv[0]);
+        return 2;
+    }
+    std::ifstream file(argv[1], std::ios::binary);
+    const std::vector<unsigned char> input((std::istreambuf_iterator<char>(file)),
+                                           std::istreambuf_iterator<char>());
+    if (input.empty()) {
+        std::fprintf(stderr, "cannot read %s\n", argv[1]);
+        return 2;
+    }
+
+    const double bare = MedianSeconds([&] { BareParse(input); });
+
+    CXmlDocument document;
+    document.LoadXmlStream(const_cast<unsigned char*>(input.data()), input.size());
+    const long peakKiB = PeakResidentKiB();
+    const double load = MedianSeconds(
+        [&] { document.LoadXmlStream(const_cast<unsigned char*>(input.data()), input.size()); });
+
+    unsigned long written = 0;
+    const double write = MedianSeconds([&] {
+        Utf8Sink stream;
+        CXmlTextWriter writer(stream);
+        writer.SetFormat(false);
+        writer.WriteStartDocument();
+        WriteTree(*document.GetDocumentElement(), writer);
+        writer.Close();
+        written = stream.bytes.size();
+    });
+    const double writeInMemory = MedianSeconds([&] {
+        CTextStream stream(encUTF8);
+        CXmlTextWriter writer(stream);
+        writer.SetFormat(false);
+        writer.WriteStartDocument();
+        WriteTree(*document.GetDocumentElement(), writer);
+        writer.Close();
+        written = stream.GetEncodedStream().GetLength();
+    });
+
+    const double inputMiB = input.size() / (1024.0 * 1024.0);
+    std::printf("input                       %.1f MiB\n", inputMiB);
+    std::printf("(a) bare expat parse        %.3f s\n", bare);
+    std::printf("(b) CXmlDocument load       %.3f s   ratio to (a) %.2f (target <= 1.5)\n", load,
+                load / bare);
+    std::printf("(c) write tree as UTF-8     %.3f s   ratio to (a) %.2f (target <= 1.0), %lu bytes\n", write,
+                write / bare, written);
+    std::printf(
+        "    same, whole text kept   %.3f s   ratio to (a) %.2f (memory CTextStream, encoded at the end)\n",
+        writeInMemory, writeInMemory / bare);
+    std::printf("peak RSS after (b)          %.1f MiB  ratio to input %.2f (target <= 6)\n", peakKiB / 1024.0,
+                peakKiB / 1024.0 / inputMiB);
+    return 0;
+}
