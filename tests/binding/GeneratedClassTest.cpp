@@ -280,7 +280,8 @@ TEST(SequenceReading, MissingAndUnexpectedElements) {
         {L"<item><kind>a</kind></item>", L"Failed to find the required child element [id].\nPath: /item"},
         {L"<item><id>1</id></item>", L"Failed to find the required child element [kind].\nPath: /item"},
         {L"<item><id>1</id><kind>a</kind><zzz/></item>",
-         L"Failed read all the elements held within the element [item]. The unexpected element [zzz] remains "
+         L"Failed read all the elements held within the element [item]. The unexpected element [zzz] "
+         L"remains "
          L"un "
          L"processed\nPath: /item"},
         {L"<item><id a='1'>1</id><kind>a</kind></item>", L"Unexpected Attribute found.\nPath: /item/id/@a"},
