@@ -57,11 +57,20 @@ void CXmlCollectionBase::RemoveEventListener(IEventSink* listener) {
 
 namespace {
 
-// By index, so that a listener may add or remove listeners while it is being told.
+// Tells the listeners registered when the event began, even if one of them changes the list while
+// being told. The snapshot stays on the stack for the usual handful of listeners.
 template <class Notify>
 void NotifyAll(const std::vector<IEventSink*>& listeners, Notify notify) {
-    for (size_t i = 0; i < listeners.size(); ++i)
-        notify(listeners[i]);
+    constexpr size_t kOnStack = 8;
+    if (listeners.size() > kOnStack) {
+        const std::vector<IEventSink*> snapshot(listeners);
+        for (IEventSink* listener : snapshot) notify(listener);
+        return;
+    }
+    IEventSink* snapshot[kOnStack];
+    const size_t count = listeners.size();
+    std::copy(listeners.begin(), listeners.end(), snapshot);
+    for (size_t i = 0; i < count; ++i) notify(snapshot[i]);
 }
 
 } // namespace
