@@ -1,5 +1,6 @@
 #include <QxXmlLib16/SerializationContext.h>
 
+#include <QxXmlLib16/AttributeCol.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 
@@ -49,6 +50,11 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
             BothIgnoresRefused(L"IgnoreUnknownElements", L"IgnoreMissingMandatoryElements"));
     m_ignoreMissingMandatoryElements = value;
 }
+CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
+    if (!m_additionalRootAttributes) m_additionalRootAttributes = new CAttributeCol(L"", L"##any", L"");
+    return m_additionalRootAttributes;
+}
+
 void CSerializationContext::SetIndentChars(const wchar_t* indent) {
     const std::wstring value = indent ? indent : L"";
     if (value.find_first_not_of(L"\t ") != std::wstring::npos)

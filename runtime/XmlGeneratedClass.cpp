@@ -1,5 +1,6 @@
 #include <QxXmlLib16/XmlGeneratedClass.h>
 
+#include <QxXmlLib16/AttributeCol.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/QxVariant.h>
@@ -133,6 +134,9 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const wchar_
                 if (!defaultNamespace.empty()) writer->SetDefaultNamespace(defaultNamespace);
             }
             writer->WriteStartElement(GetElementName(), namespaceURI ? namespaceURI : L"");
+            if (isRoot && context.HasAdditionalRootAttributes())
+                CXmlObjectBase::ToXml_Int(context.GetAdditionalRootAttributes().Get(), writer, false,
+                                          namespaceURI, context, flag);
             AttributesToXml_Int(writer, context);
             if (isRoot) {
                 const std::wstring schema = context.GetInLineSchema();

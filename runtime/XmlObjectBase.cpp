@@ -1,6 +1,9 @@
 #include <QxXmlLib16/XmlObjectBase.h>
 
+#include <QxXmlLib16/AttributeCol.h>
 #include <QxXmlLib16/BinaryStream.h>
+#include <QxXmlLib16/Element.h>
+#include <QxXmlLib16/ElementCol.h>
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/QxZip.h>
@@ -192,8 +195,29 @@ void CXmlObjectBase::FromXmlElement(const CXmlElement* element, const CSerializa
     FromXml_Int(root, root->GetFirstElement(), context, false);
 }
 
-void CXmlObjectBase::FromXmlElement(const CElement*, const CSerializationContext&) {
-    ThrowNotAvailable(L"Reading from untyped element content");
+namespace {
+
+// Rebuilds the untyped element as a document tree, the one form the readers take.
+void AddToDocument(CXmlDocument& document, const CElement& element, bool isRoot) {
+    const wchar_t* namespaceURI = element.GetNamespace().c_str();
+    CXmlElement* node = isRoot ? document.AddDocElement(namespaceURI, element.GetName().c_str())
+                               : document.AddChildElement(namespaceURI, element.GetName().c_str());
+    for (const CAttribute* attribute : *element.GetAttributes())
+        document.AddElementAttribute(node, attribute->GetName().c_str(), attribute->GetValue().c_str(),
+                                     attribute->GetNamespace().c_str());
+    for (const CElement* child : *element.GetElements())
+        AddToDocument(document, *child, false);
+    node->AppendText(element.GetText().data(), static_cast<int>(element.GetText().size()));
+    document.EndElement();
+}
+
+} // namespace
+
+void CXmlObjectBase::FromXmlElement(const CElement* element, const CSerializationContext& context) {
+    if (!element) throw CQxInvalidParamException(L"The element to read from may not be NULL");
+    CXmlDocument document(context);
+    AddToDocument(document, *element, true);
+    FromXmlElement(document.GetDocumentElement(), context);
 }
 
 void CXmlObjectBase::FromJson(const char*, const CSerializationContext&) {

@@ -2,6 +2,7 @@
 
 #include <QxXmlLib16/Export.h>
 #include <QxXmlLib16/NamespaceAliasMap.h>
+#include <QxXmlLib16/SmartPtr.h>
 
 #include <memory>
 #include <string>
@@ -9,6 +10,7 @@
 
 namespace QxXmlLib16 {
 
+class CAttributeCol;
 class CFastInfosetContext;
 class CJsonContext;
 
@@ -71,6 +73,12 @@ public:
     std::vector<std::wstring>& GetProcessingInstructions() { return m_processingInstructions; }
     const std::vector<std::wstring>& GetProcessingInstructions() const { return m_processingInstructions; }
 
+    // Attributes written on the root element before its own; any namespace is accepted. Created on
+    // first use and shared with copies of the context.
+    CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+    // Lets writers skip the additional root attributes without creating the collection.
+    bool HasAdditionalRootAttributes() const { return static_cast<bool>(m_additionalRootAttributes); }
+
 private:
     // Created on first use by their getters and shared between copies of a context.
     mutable std::shared_ptr<CFastInfosetContext> m_fiContext;
@@ -78,6 +86,7 @@ private:
     std::wstring m_defaultNamespaceURI;
     bool m_writeTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;
+    mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
     std::vector<std::wstring> m_processingInstructions;
     std::wstring m_inLineSchema;
     bool m_ignoreInvalidCollectionCounts;

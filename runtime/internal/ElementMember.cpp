@@ -4,6 +4,15 @@
 
 namespace QxXmlLib16Data::internal {
 
+void CheckCountBeforeWrite(const CElementInfo& info, const CSerializationContext& context,
+                           const CXmlGeneratedClass* object) {
+    if (context.GetIgnoreInvalidCollectionCounts()) return;
+    QxVariant value;
+    info.ReadProperty(object, value);
+    if (CSmartPtr<QxXmlLib16::CXmlCollectionBase> collection = value.GetXmlCollection())
+        collection->ValidateCount(context);
+}
+
 void WriteInlineChildAttributes(const CElementInfo& info, XmlElementType elementKind,
                                 const CSerializationContext& context, const CXmlGeneratedClass* object,
                                 CXmlWriter* writer) {
@@ -11,6 +20,7 @@ void WriteInlineChildAttributes(const CElementInfo& info, XmlElementType element
     if (elementKind != etGroup) return;
     QxVariant value;
     info.ReadProperty(object, value);
+    // A collection writes the attributes of each of its items.
     CSmartPtr<CXmlObjectBase> child = value.GetXmlObject();
     if (child) info.AttributesToXml_Int(child.Get(), writer, context);
 }
@@ -86,6 +96,52 @@ bool ReadInlineExisting(const CElementInfo& info, const ClassTarget& target, boo
     }
     *current = stopped;
     return true;
+}
+
+void ThrowNoSubstitution(const CElementInfo& info, const CXmlElement* parent) {
+    throw CQxValidationException(
+        FormatString(L"Failed to find a suitable substitution element for [%ls].", info.GetName().c_str()),
+        parent->GetXPath());
+}
+
+void ReadSubstitute(const CElementInfo& info, ElementFactoryFunction factory,
+                    const CSerializationContext& context, CXmlGeneratedClass* object,
+                    const CXmlElement* parent, CXmlElement** current) {
+    CXmlElement* element = *current;
+    CSmartPtr<CXmlObjectBase> child = factory ? factory(element) : nullptr;
+    if (!child) ThrowNoSubstitution(info, parent);
+    info.FromXml_Int(child.Get(), element, element->GetFirstElement(), context, false);
+    StoreChild(info, object, child.Get(), *element);
+    *current = element->GetNextSiblingElement();
+}
+
+CXmlElement* ReadWildcardElement(const CElementInfo& info, CXmlObjectBase* wildcard,
+                                 const CSerializationContext& context, CXmlElement* parent,
+                                 CXmlElement* current) {
+    if (info.GetName() != kAnyElement && info.GetName() != current->GetLocalName()) return current;
+    return info.FromXml_Int(wildcard, parent, current, context, false);
+}
+
+void ThrowMissingWildcard(const CElementInfo& info, const CXmlElement* parent) {
+    throw CQxValidationException(FormatString(L"Failed to find the required element from namespace [%ls].",
+                                              info.GetNamespace().c_str()),
+                                 parent->GetXPath());
+}
+
+CSmartPtr<QxXmlLib16::CXmlCollectionBase> MemberCollection(const CElementInfo& info,
+                                                           CXmlGeneratedClass* object) {
+    QxVariant value;
+    info.InvokePropertyGet(object, value);
+    CSmartPtr<QxXmlLib16::CXmlCollectionBase> collection = value.GetXmlCollection();
+    if (!collection)
+        throw CQxInvalidStateException(
+            FormatString(L"The collection member [%ls] holds no collection.", info.GetName().c_str()));
+    return collection;
+}
+
+CXmlElement* ReadItems(const CElementInfo& info, QxXmlLib16::CXmlCollectionBase* collection,
+                       const CSerializationContext& context, CXmlElement* parent, CXmlElement* current) {
+    return info.FromXml_Int(collection, parent, current, context, false);
 }
 
 } // namespace QxXmlLib16Data::internal

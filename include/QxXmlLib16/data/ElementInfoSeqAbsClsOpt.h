@@ -5,8 +5,8 @@
 
 namespace QxXmlLib16Data {
 
-// An optional child object in a sequence whose class is chosen from the element itself (its
-// xsi:type) by a factory, so that it may hold any type derived from the member's type.
+// An optional child object in a sequence whose class the factory chooses from the element itself
+// (its xsi:type), so that it may hold any type derived from the member's type.
 class QX_API CElementInfoSeqAbsClsOpt : public CElementInfo {
 public:
     CElementInfoSeqAbsClsOpt(const wchar_t* name, const wchar_t* namespaceURI, int propertyNumber,
@@ -20,6 +20,9 @@ public:
                         QxXmlLib16::CXmlGeneratedClass* object, QxXmlLib16::CXmlElement* parent,
                         QxXmlLib16::CXmlElement** current, const wchar_t* namespaceURI,
                         XmlElementType probe) const override;
+    void PseudoChildAttributeToXml(const QxXmlLib16::CSerializationContext& context,
+                                   const QxXmlLib16::CXmlGeneratedClass* object,
+                                   QxXmlLib16::CXmlWriter* writer) const override;
 
 private:
     XmlElementType m_elementType;

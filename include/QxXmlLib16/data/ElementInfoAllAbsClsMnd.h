@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/data/ElementInfo.h>
+
+namespace QxXmlLib16Data {
+
+// A mandatory child object in an all-group whose class the factory chooses from the element itself
+// (its xsi:type), so that it may hold any type derived from the member's type.
+class QX_API CElementInfoAllAbsClsMnd : public CElementInfo {
+public:
+    CElementInfoAllAbsClsMnd(const wchar_t* name, const wchar_t* namespaceURI, int propertyNumber,
+                             XmlElementType elementType, ElementFactoryFunction factory, int number);
+
+    bool ElementToXml(const QxXmlLib16::CSerializationContext& context,
+                      const QxXmlLib16::CXmlGeneratedClass* object,
+                      QxXmlLib16::CXmlWriter* writer) const override;
+    // A matching element for which the factory has no class is an error.
+    bool ElementFromXml(const QxXmlLib16::CSerializationContext& context,
+                        QxXmlLib16::CXmlGeneratedClass* object, QxXmlLib16::CXmlElement* parent,
+                        QxXmlLib16::CXmlElement** current, const wchar_t* namespaceURI,
+                        XmlElementType probe) const override;
+    bool Validate(const QxXmlLib16::CSerializationContext& context,
+                  const QxXmlLib16::CXmlGeneratedClass* object, bool found, bool check) const override;
+    void PseudoChildAttributeToXml(const QxXmlLib16::CSerializationContext& context,
+                                   const QxXmlLib16::CXmlGeneratedClass* object,
+                                   QxXmlLib16::CXmlWriter* writer) const override;
+
+private:
+    XmlElementType m_elementType;
+    ElementFactoryFunction m_factory;
+    // Kept for the generated code; reading and writing do not use it.
+    int m_number;
+};
+
+} // namespace QxXmlLib16Data

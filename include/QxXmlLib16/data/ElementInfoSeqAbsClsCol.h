@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/data/ElementInfoSeqCol.h>
+
+namespace QxXmlLib16Data {
+
+// Repeated child objects of types derived from the member's type in a sequence.
+class QX_API CElementInfoSeqAbsClsCol : public CElementInfoSeqCol {
+public:
+    CElementInfoSeqAbsClsCol(const wchar_t* name, const wchar_t* namespaceURI, int propertyNumber,
+                             XmlElementType elementType);
+
+    void PseudoChildAttributeToXml(const QxXmlLib16::CSerializationContext& context,
+                                   const QxXmlLib16::CXmlGeneratedClass* object,
+                                   QxXmlLib16::CXmlWriter* writer) const override;
+
+private:
+    XmlElementType m_elementType;
+};
+
+} // namespace QxXmlLib16Data

@@ -1,0 +1,41 @@
+#include <QxXmlLib16/data/ElementInfoAllAbsClsOpt.h>
+
+#include "internal/ElementMember.h"
+
+using namespace QxXmlLib16;
+
+namespace QxXmlLib16Data {
+
+using namespace internal;
+
+CElementInfoAllAbsClsOpt::CElementInfoAllAbsClsOpt(const wchar_t* name, const wchar_t* namespaceURI,
+                                                   int propertyNumber, XmlElementType elementType,
+                                                   ElementFactoryFunction factory)
+    : CElementInfo(name, namespaceURI, propertyNumber)
+    , m_elementType(elementType)
+    , m_factory(factory) {}
+
+bool CElementInfoAllAbsClsOpt::ElementToXml(const CSerializationContext& context,
+                                            const CXmlGeneratedClass* object, CXmlWriter* writer) const {
+    return WriteMember<Optional>(*this, ClsContent{}, context, object, writer);
+}
+
+bool CElementInfoAllAbsClsOpt::ElementFromXml(const CSerializationContext& context,
+                                              CXmlGeneratedClass* object, CXmlElement* parent,
+                                              CXmlElement** current, const wchar_t*,
+                                              XmlElementType probe) const {
+    return ReadAbstractClass<AllGroup, Optional>(*this, m_factory, context, object, parent, current, probe);
+}
+
+bool CElementInfoAllAbsClsOpt::Validate(const CSerializationContext&, const CXmlGeneratedClass*, bool found,
+                                        bool check) const {
+    return ValidateAllMember<Optional>(*this, found, check);
+}
+
+void CElementInfoAllAbsClsOpt::PseudoChildAttributeToXml(const CSerializationContext& context,
+                                                         const CXmlGeneratedClass* object,
+                                                         CXmlWriter* writer) const {
+    WriteInlineChildAttributes(*this, m_elementType, context, object, writer);
+}
+
+} // namespace QxXmlLib16Data

@@ -1,0 +1,29 @@
+#include <QxXmlLib16/data/ElementInfoAllUntpdOpt.h>
+
+#include "internal/ElementMember.h"
+
+using namespace QxXmlLib16;
+
+namespace QxXmlLib16Data {
+
+using namespace internal;
+
+CElementInfoAllUntpdOpt::CElementInfoAllUntpdOpt(const wchar_t* name, const wchar_t* namespaceURI, int propertyNumber, const wchar_t* namespaceRule, const wchar_t* targetNamespace)
+    : CElementInfo(name, namespaceURI, propertyNumber)
+    , m_namespaceRule(TextOrEmpty(namespaceRule))
+    , m_targetNamespace(TextOrEmpty(targetNamespace)) {}
+
+bool CElementInfoAllUntpdOpt::ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* object, CXmlWriter* writer) const {
+    return WriteMember<Optional>(*this, ClsContent{}, context, object, writer);
+}
+
+bool CElementInfoAllUntpdOpt::ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* object, CXmlElement* parent, CXmlElement** current, const wchar_t* namespaceURI, XmlElementType probe) const {
+    const WildcardTarget target{m_namespaceRule, m_targetNamespace};
+    return ReadWildcard<AllGroup, Optional>(*this, target, context, object, parent, current, namespaceURI, probe);
+}
+
+bool CElementInfoAllUntpdOpt::Validate(const CSerializationContext&, const CXmlGeneratedClass*, bool found, bool check) const {
+    return ValidateAllMember<Optional>(*this, found, check);
+}
+
+} // namespace QxXmlLib16Data

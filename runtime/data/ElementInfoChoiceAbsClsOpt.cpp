@@ -1,0 +1,37 @@
+#include <QxXmlLib16/data/ElementInfoChoiceAbsClsOpt.h>
+
+#include "internal/ElementMember.h"
+
+using namespace QxXmlLib16;
+
+namespace QxXmlLib16Data {
+
+using namespace internal;
+
+CElementInfoChoiceAbsClsOpt::CElementInfoChoiceAbsClsOpt(const wchar_t* name, const wchar_t* namespaceURI,
+                                                         int propertyNumber, XmlElementType elementType,
+                                                         ElementFactoryFunction factory)
+    : CElementInfo(name, namespaceURI, propertyNumber)
+    , m_elementType(elementType)
+    , m_factory(factory) {}
+
+bool CElementInfoChoiceAbsClsOpt::ElementToXml(const CSerializationContext& context,
+                                               const CXmlGeneratedClass* object, CXmlWriter* writer) const {
+    return WriteMember<Optional>(*this, ClsContent{}, context, object, writer);
+}
+
+bool CElementInfoChoiceAbsClsOpt::ElementFromXml(const CSerializationContext& context,
+                                                 CXmlGeneratedClass* object, CXmlElement* parent,
+                                                 CXmlElement** current, const wchar_t*,
+                                                 XmlElementType probe) const {
+    return ReadAbstractClass<ChoiceGroup, Optional>(*this, m_factory, context, object, parent, current,
+                                                    probe);
+}
+
+void CElementInfoChoiceAbsClsOpt::PseudoChildAttributeToXml(const CSerializationContext& context,
+                                                            const CXmlGeneratedClass* object,
+                                                            CXmlWriter* writer) const {
+    WriteInlineChildAttributes(*this, m_elementType, context, object, writer);
+}
+
+} // namespace QxXmlLib16Data

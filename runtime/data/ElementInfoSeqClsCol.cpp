@@ -1,0 +1,22 @@
+#include <QxXmlLib16/data/ElementInfoSeqClsCol.h>
+
+#include "internal/ElementMember.h"
+
+using namespace QxXmlLib16;
+
+namespace QxXmlLib16Data {
+
+using namespace internal;
+
+CElementInfoSeqClsCol::CElementInfoSeqClsCol(const wchar_t* name, const wchar_t* namespaceURI,
+                                             int propertyNumber, XmlElementType elementType)
+    : CElementInfoSeqCol(name, namespaceURI, propertyNumber)
+    , m_elementType(elementType) {}
+
+void CElementInfoSeqClsCol::PseudoChildAttributeToXml(const CSerializationContext& context,
+                                                      const CXmlGeneratedClass* object,
+                                                      CXmlWriter* writer) const {
+    WriteInlineChildAttributes(*this, m_elementType, context, object, writer);
+}
+
+} // namespace QxXmlLib16Data

@@ -1,0 +1,25 @@
+#include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
+
+#include "internal/ElementMember.h"
+
+using namespace QxXmlLib16;
+
+namespace QxXmlLib16Data {
+
+using namespace internal;
+
+CElementInfoSeqUntpdMnd::CElementInfoSeqUntpdMnd(const wchar_t* name, const wchar_t* namespaceURI, int propertyNumber, const wchar_t* namespaceRule, const wchar_t* targetNamespace)
+    : CElementInfo(name, namespaceURI, propertyNumber)
+    , m_namespaceRule(TextOrEmpty(namespaceRule))
+    , m_targetNamespace(TextOrEmpty(targetNamespace)) {}
+
+bool CElementInfoSeqUntpdMnd::ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* object, CXmlWriter* writer) const {
+    return WriteMember<Mandatory>(*this, ClsContent{}, context, object, writer);
+}
+
+bool CElementInfoSeqUntpdMnd::ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* object, CXmlElement* parent, CXmlElement** current, const wchar_t* namespaceURI, XmlElementType probe) const {
+    const WildcardTarget target{m_namespaceRule, m_targetNamespace};
+    return ReadWildcard<SequenceGroup, Mandatory>(*this, target, context, object, parent, current, namespaceURI, probe);
+}
+
+} // namespace QxXmlLib16Data
