@@ -5,6 +5,7 @@
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/TextStream.h>
+#include <QxXmlLib16/WhitespaceUtils.h>
 #include <QxXmlLib16/XmlAttribute.h>
 #include <QxXmlLib16/XmlDocument.h>
 #include <QxXmlLib16/XmlElement.h>
@@ -13,6 +14,7 @@
 
 #include "internal/WildcardRules.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace QxXmlLib16 {
@@ -217,7 +219,12 @@ CXmlElement* CElement::FromXml_Int(CXmlElement* parent, CXmlElement* element,
         throw CQxValidationException(
             FormatString(L"Invalid Element [%ls] found.", element->GetLocalName().c_str()),
             element->GetXPath());
-    m_text = element->GetText();
+    // Whitespace between child elements is the source's indentation; kept, every formatted write
+    // would add its own indentation to it.
+    const std::wstring& text = element->GetText();
+    const bool indentationOnly =
+        element->GetFirstElement() && std::all_of(text.begin(), text.end(), CWhitespaceUtils::IsWhiteSpace);
+    m_text = indentationOnly ? std::wstring() : text;
     m_name = element->GetLocalName();
     SetElementName(m_name.c_str());
     m_namespace = element->GetNamespaceURI();

@@ -122,3 +122,4 @@
 #include <QxXmlLib16/data/ElementInfoAllUntpdMnd.h>
 #include <QxXmlLib16/data/ElementInfoAllUntpdOpt.h>
 #include <QxXmlLib16/data/ElementInfoAllUntpdCol.h>
+#include <QxXmlLib16/XmlClassCollection.h>
