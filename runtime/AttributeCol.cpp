@@ -45,12 +45,17 @@ CAttribute* CAttributeCol::Add(CAttribute* attribute) {
 }
 
 CAttributeCol* CAttributeCol::Clone() const {
-    CSmartPtr<CAttributeCol> copy(
-        new CAttributeCol(GetNamespace().c_str(), m_namespaceRule.c_str(), m_targetNamespace.c_str()));
-    for (const CAttribute* attribute : *this)
-        copy->Append(attribute->GetName().c_str(), attribute->GetValue().c_str(),
-                     attribute->GetNamespace().c_str());
-    return copy.Detach();
+    CAttributeCol* copy =
+        new CAttributeCol(GetNamespace().c_str(), m_namespaceRule.c_str(), m_targetNamespace.c_str());
+    try {
+        for (const CAttribute* attribute : *this)
+            copy->Append(attribute->GetName().c_str(), attribute->GetValue().c_str(),
+                         attribute->GetNamespace().c_str());
+    } catch (...) {
+        delete copy;
+        throw;
+    }
+    return copy;
 }
 
 void CAttributeCol::CheckNamespaces(const std::wstring& namespaceRule,

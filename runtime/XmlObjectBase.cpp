@@ -199,9 +199,9 @@ namespace {
 
 // Rebuilds the untyped element as a document tree, the one form the readers take.
 void AddToDocument(CXmlDocument& document, const CElement& element, bool isRoot) {
-    const wchar_t* namespaceURI = element.GetNamespace().c_str();
-    CXmlElement* node = isRoot ? document.AddDocElement(namespaceURI, element.GetName().c_str())
-                               : document.AddChildElement(namespaceURI, element.GetName().c_str());
+    const std::wstring namespaceURI = element.GetNamespace();
+    CXmlElement* node = isRoot ? document.AddDocElement(namespaceURI.c_str(), element.GetName().c_str())
+                               : document.AddChildElement(namespaceURI.c_str(), element.GetName().c_str());
     for (const CAttribute* attribute : *element.GetAttributes())
         document.AddElementAttribute(node, attribute->GetName().c_str(), attribute->GetValue().c_str(),
                                      attribute->GetNamespace().c_str());
