@@ -1,6 +1,7 @@
 #include <QxXmlLib16/XmlTypeCollection.h>
 
 #include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/XmlObjectHelper.h>
 
 namespace QxXmlLib16 {
 
@@ -32,7 +33,8 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* current,
                                              const CSerializationContext& context, bool) {
     const std::wstring& name = GetElementName();
     const std::wstring namespaceURI = GetNamespace();
-    while (current && DoesElementNameMatch(context, current, name.c_str(), namespaceURI.c_str())) {
+    // Straight to the helper with the strings held here: no temporaries per element.
+    while (current && CXmlObjectHelper::DoesElementNameMatch(context, current, name, namespaceURI)) {
         AddFromString(current->GetText());
         current = current->GetNextSiblingElement();
     }
