@@ -65,14 +65,16 @@ CExpatReader::~CExpatReader() {
     FreeParser();
 }
 
-void CExpatReader::CreateParser() {
+void CExpatReader::CreateParser(bool utf16Input) {
+    static const XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
     static const bool wideParser = ExpatUses16BitCharacters();
     if (!wideParser) throw CQxException(L"The XML parser library does not use 16-bit characters.");
     FreeParser();
     m_scratch.reset(new wchar_t[kScratchBytes / sizeof(wchar_t)]);
     m_scratchBytes = kScratchBytes;
-    m_parser = m_document.GetSchemaType() == stNoNamespaces ? XML_ParserCreate(nullptr)
-                                                            : XML_ParserCreateNS(nullptr, kNameSeparator);
+    const XML_Char* encoding = utf16Input ? kUtf16 : nullptr;
+    m_parser = m_document.GetSchemaType() == stNoNamespaces ? XML_ParserCreate(encoding)
+                                                            : XML_ParserCreateNS(encoding, kNameSeparator);
     if (!m_parser) throw std::bad_alloc();
     XML_SetUserData(m_parser, this);
     XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);

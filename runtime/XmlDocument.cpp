@@ -148,7 +148,7 @@ void CXmlDocument::LoadXml(const wchar_t* text) {
         m_input[2 + 2 * i] = static_cast<unsigned char>(text[i] & 0xFF);
         m_input[3 + 2 * i] = static_cast<unsigned char>((text[i] >> 8) & 0xFF);
     }
-    ParseText();
+    ParseText(m_input, m_inputLength, true);
 }
 
 void CXmlDocument::Parse() {
@@ -160,9 +160,9 @@ void CXmlDocument::ParseText() {
     ParseText(m_input, m_inputLength);
 }
 
-void CXmlDocument::ParseText(const unsigned char* data, unsigned long length) {
+void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bool utf16Input) {
     CExpatReader reader(*this);
-    reader.CreateParser();
+    reader.CreateParser(utf16Input);
     reader.Parse(data, length, true);
 }
 

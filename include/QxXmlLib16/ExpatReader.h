@@ -23,8 +23,10 @@ public:
     CExpatReader& operator=(const CExpatReader&) = delete;
 
     // Namespace-aware (names arrive as "uri|local") unless the document's schema type has no
-    // namespaces. Throws when the installed expat does not use 16-bit characters.
-    void CreateParser();
+    // namespaces. Throws when the installed expat does not use 16-bit characters. utf16Input says
+    // the bytes are UTF-16 the library made from wide text: they are read as such whatever encoding
+    // their XML declaration names (a document written to a UTF-8 stream still loads from a string).
+    void CreateParser(bool utf16Input = false);
     // Parses the document's input buffer. Malformed input throws "<expat's reason> at line <n>".
     void Parse(bool isFinal);
     // Parses the given bytes, the document's input or not.

@@ -87,7 +87,7 @@ private:
     friend class CXmlAttribute;
     friend class CExpatReader;
 
-    void ParseText(const unsigned char* data, unsigned long length);
+    void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
     void TakeInput(const unsigned char* data, unsigned long length);
     // Names are interned in the document's table, or in one process-wide table for nodes that
     // belong to no document; node memory comes from the document's pool, or from the heap.

@@ -179,6 +179,9 @@ TEST(XmlDocumentLoading, AllFormsGiveTheSameTree) {
     check(document);
     document.LoadXml(L"<r a='\u00E9'>\u20AC</r>");
     check(document);
+    // Wide text is read as what it is, whatever encoding its declaration names.
+    document.LoadXml(L"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<r a='\u00E9'>\u20AC</r>");
+    check(document);
     std::string bytes = xml;
     document.LoadXmlStream(reinterpret_cast<unsigned char*>(&bytes[0]), bytes.size());
     check(document);
