@@ -173,13 +173,14 @@ int FixFromText(const wchar_t* text) {
 
 // --- extensionsType -------------------------------------------------------------------------------
 
-CExtensions::CExtensions(const wchar_t* elementName) {
+CExtensions::CExtensions(const wchar_t* elementName)
+    : m_any(new CElementCol(L"", L"##other", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
 
 void CExtensions::Reset() {
-    m_any = new CElementCol(L"", L"##other", kNamespace, 0, -1);
+    m_any->Clear();
 }
 
 const CClassMetaData& CExtensions::MetaData() {
@@ -435,7 +436,8 @@ enum MetadataProperty : int {
 };
 }
 
-CMetadata::CMetadata(const wchar_t* elementName) {
+CMetadata::CMetadata(const wchar_t* elementName)
+    : m_link(new CLinkCol(L"link", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
@@ -445,7 +447,7 @@ void CMetadata::Reset() {
     m_desc.reset();
     m_author = nullptr;
     m_copyright = nullptr;
-    m_link = new CLinkCol(L"link", kNamespace, 0, -1);
+    m_link->Clear();
     m_time.reset();
     m_keywords.reset();
     m_bounds = nullptr;
@@ -543,7 +545,8 @@ enum WptProperty : int {
 
 } // namespace
 
-CWpt::CWpt(const wchar_t* elementName) {
+CWpt::CWpt(const wchar_t* elementName)
+    : m_link(new CLinkCol(L"link", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
@@ -558,7 +561,7 @@ void CWpt::Reset() {
     m_cmt.reset();
     m_desc.reset();
     m_src.reset();
-    m_link = new CLinkCol(L"link", kNamespace, 0, -1);
+    m_link->Clear();
     m_sym.reset();
     m_type.reset();
     m_fix.reset();
@@ -701,7 +704,9 @@ enum RouteProperty : int {
 };
 } // namespace
 
-CRte::CRte(const wchar_t* elementName) {
+CRte::CRte(const wchar_t* elementName)
+    : m_link(new CLinkCol(L"link", kNamespace, 0, -1))
+    , m_rtept(new CWptCol(L"rtept", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
@@ -711,11 +716,11 @@ void CRte::Reset() {
     m_cmt.reset();
     m_desc.reset();
     m_src.reset();
-    m_link = new CLinkCol(L"link", kNamespace, 0, -1);
+    m_link->Clear();
     m_number.reset();
     m_type.reset();
     m_extensions = nullptr;
-    m_rtept = new CWptCol(L"rtept", kNamespace, 0, -1);
+    m_rtept->Clear();
 }
 
 void CRte::SetNumber(std::optional<CBigInteger> value) {
@@ -773,7 +778,9 @@ int CRte::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
 
 GPX_DESCRIPTOR_GETTERS(CRte)
 
-CTrk::CTrk(const wchar_t* elementName) {
+CTrk::CTrk(const wchar_t* elementName)
+    : m_link(new CLinkCol(L"link", kNamespace, 0, -1))
+    , m_trkseg(new CTrksegCol(L"trkseg", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
@@ -783,11 +790,11 @@ void CTrk::Reset() {
     m_cmt.reset();
     m_desc.reset();
     m_src.reset();
-    m_link = new CLinkCol(L"link", kNamespace, 0, -1);
+    m_link->Clear();
     m_number.reset();
     m_type.reset();
     m_extensions = nullptr;
-    m_trkseg = new CTrksegCol(L"trkseg", kNamespace, 0, -1);
+    m_trkseg->Clear();
 }
 
 void CTrk::SetNumber(std::optional<CBigInteger> value) {
@@ -847,13 +854,14 @@ GPX_DESCRIPTOR_GETTERS(CTrk)
 
 // --- trksegType -----------------------------------------------------------------------------------
 
-CTrkseg::CTrkseg(const wchar_t* elementName) {
+CTrkseg::CTrkseg(const wchar_t* elementName)
+    : m_trkpt(new CWptCol(L"trkpt", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
 
 void CTrkseg::Reset() {
-    m_trkpt = new CWptCol(L"trkpt", kNamespace, 0, -1);
+    m_trkpt->Clear();
     m_extensions = nullptr;
 }
 
@@ -896,7 +904,10 @@ enum GpxProperty : int {
 };
 } // namespace
 
-CGpx::CGpx(const wchar_t* elementName) {
+CGpx::CGpx(const wchar_t* elementName)
+    : m_wpt(new CWptCol(L"wpt", kNamespace, 0, -1))
+    , m_rte(new CRteCol(L"rte", kNamespace, 0, -1))
+    , m_trk(new CTrkCol(L"trk", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
@@ -905,9 +916,9 @@ void CGpx::Reset() {
     m_version = L"1.1";
     m_creator.clear();
     m_metadata = nullptr;
-    m_wpt = new CWptCol(L"wpt", kNamespace, 0, -1);
-    m_rte = new CRteCol(L"rte", kNamespace, 0, -1);
-    m_trk = new CTrkCol(L"trk", kNamespace, 0, -1);
+    m_wpt->Clear();
+    m_rte->Clear();
+    m_trk->Clear();
     m_extensions = nullptr;
 }
 
@@ -1014,13 +1025,14 @@ int CPt::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
 
 GPX_DESCRIPTOR_GETTERS(CPt)
 
-CPtseg::CPtseg(const wchar_t* elementName) {
+CPtseg::CPtseg(const wchar_t* elementName)
+    : m_pt(new CPtCol(L"pt", kNamespace, 0, -1)) {
     SetElementName(elementName);
     Reset();
 }
 
 void CPtseg::Reset() {
-    m_pt = new CPtCol(L"pt", kNamespace, 0, -1);
+    m_pt->Clear();
 }
 
 const CClassMetaData& CPtseg::MetaData() {
