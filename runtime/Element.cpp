@@ -169,6 +169,14 @@ CElement* CElement::Clone() const {
 
 // ---- Writing -----------------------------------------------------------------------------------
 
+// Whitespace between child elements is the source's indentation. A formatting writer indents on its
+// own; written as well, it would grow by one layer with every load and formatted write.
+bool CElement::IsIndentation(CXmlWriter* writer) const {
+    const auto* textWriter = dynamic_cast<CXmlTextWriter*>(writer);
+    return textWriter && textWriter->GetFormat() && m_elements->GetCount() > 0 &&
+           std::all_of(m_text.begin(), m_text.end(), CWhitespaceUtils::IsWhiteSpace);
+}
+
 void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerializationContext& context,
                          bool flag) const {
     if (!m_defaultNamespace.empty() && dynamic_cast<CXmlTextWriter*>(writer)) {
@@ -178,7 +186,7 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerial
     writer->WriteStartElement(m_name, m_namespace);
     m_attributes->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
     m_elements->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
-    writer->WriteString(m_text, itString, false);
+    if (!IsIndentation(writer)) writer->WriteString(m_text, itString, false);
     writer->WriteEndElement();
 }
 
@@ -197,7 +205,7 @@ void CElement::WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializatio
     inner.Open();
     inner.WriteStartElement(m_name, m_namespace);
     m_elements->ToXml_Int(&inner, false, m_namespace.c_str(), innerContext, flag);
-    inner.WriteString(m_text, itString, false);
+    if (!IsIndentation(&inner)) inner.WriteString(m_text, itString, false);
     inner.WriteEndElement();
     inner.Close();
     outer.CloseParentElm();
@@ -219,12 +227,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement* parent, CXmlElement* element,
         throw CQxValidationException(
             FormatString(L"Invalid Element [%ls] found.", element->GetLocalName().c_str()),
             element->GetXPath());
-    // Whitespace between child elements is the source's indentation; kept, every formatted write
-    // would add its own indentation to it.
-    const std::wstring& text = element->GetText();
-    const bool indentationOnly =
-        element->GetFirstElement() && std::all_of(text.begin(), text.end(), CWhitespaceUtils::IsWhiteSpace);
-    m_text = indentationOnly ? std::wstring() : text;
+    m_text = element->GetText();
     m_name = element->GetLocalName();
     SetElementName(m_name.c_str());
     m_namespace = element->GetNamespaceURI();
