@@ -5,6 +5,7 @@
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/TextStream.h>
+#include <QxXmlLib16/WhitespaceUtils.h>
 #include <QxXmlLib16/XmlAttribute.h>
 #include <QxXmlLib16/XmlDocument.h>
 #include <QxXmlLib16/XmlElement.h>
@@ -13,6 +14,7 @@
 
 #include "internal/WildcardRules.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace QxXmlLib16 {
@@ -167,6 +169,14 @@ CElement* CElement::Clone() const {
 
 // ---- Writing -----------------------------------------------------------------------------------
 
+// Whitespace between child elements is the source's indentation. A formatting writer indents on its
+// own; written as well, it would grow by one layer with every load and formatted write.
+bool CElement::IsIndentation(CXmlWriter* writer) const {
+    const auto* textWriter = dynamic_cast<CXmlTextWriter*>(writer);
+    return textWriter && textWriter->GetFormat() && m_elements->GetCount() > 0 &&
+           std::all_of(m_text.begin(), m_text.end(), CWhitespaceUtils::IsWhiteSpace);
+}
+
 void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerializationContext& context,
                          bool flag) const {
     if (!m_defaultNamespace.empty() && dynamic_cast<CXmlTextWriter*>(writer)) {
@@ -176,7 +186,7 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerial
     writer->WriteStartElement(m_name, m_namespace);
     m_attributes->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
     m_elements->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
-    writer->WriteString(m_text, itString, false);
+    if (!IsIndentation(writer)) writer->WriteString(m_text, itString, false);
     writer->WriteEndElement();
 }
 
@@ -195,7 +205,7 @@ void CElement::WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializatio
     inner.Open();
     inner.WriteStartElement(m_name, m_namespace);
     m_elements->ToXml_Int(&inner, false, m_namespace.c_str(), innerContext, flag);
-    inner.WriteString(m_text, itString, false);
+    if (!IsIndentation(&inner)) inner.WriteString(m_text, itString, false);
     inner.WriteEndElement();
     inner.Close();
     outer.CloseParentElm();

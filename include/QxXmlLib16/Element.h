@@ -105,6 +105,8 @@ private:
     void CheckNamespaces(const std::wstring& namespaceRule, const std::wstring& targetNamespace) const;
     void ApplyNamespaceRestrictions(const std::wstring& namespaceRule, const std::wstring& targetNamespace);
     void WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializationContext& context, bool flag) const;
+    // True for text that is only the indentation between children, on a writer that indents.
+    bool IsIndentation(CXmlWriter* writer) const;
     void ReadRoot(CXmlElement* root, const CSerializationContext& context);
 
     std::wstring m_name;

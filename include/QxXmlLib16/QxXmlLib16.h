@@ -48,6 +48,7 @@
 // Collections and wildcard content
 #include <QxXmlLib16/XmlCollectionBase.h>
 #include <QxXmlLib16/XmlCollection.h>
+#include <QxXmlLib16/XmlClassCollection.h>
 #include <QxXmlLib16/TypedItemIterator.h>
 #include <QxXmlLib16/XmlTypeCollection.h>
 #include <QxXmlLib16/TypedCollection.h>
