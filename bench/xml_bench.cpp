@@ -2,6 +2,8 @@
 //   xml_bench <document.xml>
 // Each phase runs alone on the document already in memory; the median of 5 runs is reported.
 
+#include "BenchTiming.h"
+
 #include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/TextStream.h>
 #include <QxXmlLib16/XmlAttribute.h>
@@ -23,17 +25,6 @@
 using namespace QxXmlLib16;
 
 namespace {
-
-double MedianSeconds(const std::function<void()>& phase) {
-    std::vector<double> times;
-    for (int i = 0; i < 5; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        phase();
-        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(times.begin(), times.end());
-    return times[2];
-}
 
 long PeakResidentKiB() {
     std::ifstream status("/proc/self/status");
