@@ -96,7 +96,7 @@ T* ObjectOf(const QxVariant& value, const wchar_t* property) {
 }
 
 // Reading an absent optional member leaves the variant invalid, so nothing is written.
-void AccessText(bool read, QxVariant& value, std::optional<std::wstring>& member) {
+void AccessText(bool read, QxVariant& value, TOptional<std::wstring>& member) {
     if (read) {
         if (member) value.SetString(*member);
     } else {
@@ -104,7 +104,7 @@ void AccessText(bool read, QxVariant& value, std::optional<std::wstring>& member
     }
 }
 
-void AccessDecimal(bool read, QxVariant& value, std::optional<CDecimal>& member) {
+void AccessDecimal(bool read, QxVariant& value, TOptional<CDecimal>& member) {
     if (read) {
         if (member) value.SetDecimal(*member);
     } else {
@@ -112,7 +112,7 @@ void AccessDecimal(bool read, QxVariant& value, std::optional<CDecimal>& member)
     }
 }
 
-void AccessTime(bool read, QxVariant& value, std::optional<CDateTime>& member) {
+void AccessTime(bool read, QxVariant& value, TOptional<CDateTime>& member) {
     if (read) {
         if (member) value.SetDateTime(*member);
     } else {
@@ -582,15 +582,15 @@ void CWpt::SetLon(const CDecimal& value) {
     H::CheckRestrictionFordecimal(L"lon", value, kLongitude);
     m_lon = value;
 }
-void CWpt::SetMagvar(std::optional<CDecimal> value) {
+void CWpt::SetMagvar(TOptional<CDecimal> value) {
     if (value) H::CheckRestrictionFordecimal(L"magvar", *value, kDegrees);
     m_magvar = std::move(value);
 }
-void CWpt::SetSat(std::optional<CBigInteger> value) {
+void CWpt::SetSat(TOptional<CBigInteger> value) {
     if (value) H::CheckRestrictionForinteger(L"sat", *value, kNonNegative);
     m_sat = std::move(value);
 }
-void CWpt::SetDgpsid(std::optional<CBigInteger> value) {
+void CWpt::SetDgpsid(TOptional<CBigInteger> value) {
     if (value) H::CheckRestrictionForinteger(L"dgpsid", *value, kDgpsStation);
     m_dgpsid = std::move(value);
 }
@@ -723,7 +723,7 @@ void CRte::Reset() {
     m_rtept->Clear();
 }
 
-void CRte::SetNumber(std::optional<CBigInteger> value) {
+void CRte::SetNumber(TOptional<CBigInteger> value) {
     if (value) H::CheckRestrictionForinteger(L"number", *value, kNonNegative);
     m_number = std::move(value);
 }
@@ -797,7 +797,7 @@ void CTrk::Reset() {
     m_trkseg->Clear();
 }
 
-void CTrk::SetNumber(std::optional<CBigInteger> value) {
+void CTrk::SetNumber(TOptional<CBigInteger> value) {
     if (value) H::CheckRestrictionForinteger(L"number", *value, kNonNegative);
     m_number = std::move(value);
 }

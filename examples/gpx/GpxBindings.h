@@ -65,15 +65,15 @@ public:
 
     const std::wstring& GetHref() const { return m_href; }
     void SetHref(std::wstring value) { m_href = std::move(value); }
-    const std::optional<std::wstring>& GetText() const { return m_text; }
-    void SetText(std::optional<std::wstring> value) { m_text = std::move(value); }
-    const std::optional<std::wstring>& GetType() const { return m_type; }
-    void SetType(std::optional<std::wstring> value) { m_type = std::move(value); }
+    const TOptional<std::wstring>& GetText() const { return m_text; }
+    void SetText(TOptional<std::wstring> value) { m_text = std::move(value); }
+    const TOptional<std::wstring>& GetType() const { return m_type; }
+    void SetType(TOptional<std::wstring> value) { m_type = std::move(value); }
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
     std::wstring m_href;
-    std::optional<std::wstring> m_text, m_type;
+    TOptional<std::wstring> m_text, m_type;
 };
 
 class CEmail : public CXmlGeneratedClass {
@@ -94,8 +94,8 @@ class CPerson : public CXmlGeneratedClass {
 public:
     explicit CPerson(const wchar_t* elementName = L"personType");
 
-    const std::optional<std::wstring>& GetName() const { return m_name; }
-    void SetName(std::optional<std::wstring> value) { m_name = std::move(value); }
+    const TOptional<std::wstring>& GetName() const { return m_name; }
+    void SetName(TOptional<std::wstring> value) { m_name = std::move(value); }
     CEmail* GetEmail() const { return m_email.Get(); }
     void SetEmail(CEmail* value);
     CLink* GetLink() const { return m_link.Get(); }
@@ -103,7 +103,7 @@ public:
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
-    std::optional<std::wstring> m_name;
+    TOptional<std::wstring> m_name;
     CSmartPtr<CEmail> m_email;
     CSmartPtr<CLink> m_link;
 };
@@ -116,14 +116,14 @@ public:
     void SetAuthor(std::wstring value) { m_author = std::move(value); }
     const std::optional<unsigned short>& GetYear() const { return m_year; }
     void SetYear(std::optional<unsigned short> value) { m_year = value; }
-    const std::optional<std::wstring>& GetLicense() const { return m_license; }
-    void SetLicense(std::optional<std::wstring> value) { m_license = std::move(value); }
+    const TOptional<std::wstring>& GetLicense() const { return m_license; }
+    void SetLicense(TOptional<std::wstring> value) { m_license = std::move(value); }
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
     std::wstring m_author;
     std::optional<unsigned short> m_year;
-    std::optional<std::wstring> m_license;
+    TOptional<std::wstring> m_license;
 };
 
 // minlat/maxlat are latitudes, minlon/maxlon longitudes; the setters refuse values out of range.
@@ -149,19 +149,19 @@ class CMetadata : public CXmlGeneratedClass {
 public:
     explicit CMetadata(const wchar_t* elementName = L"metadataType");
 
-    const std::optional<std::wstring>& GetName() const { return m_name; }
-    void SetName(std::optional<std::wstring> value) { m_name = std::move(value); }
-    const std::optional<std::wstring>& GetDesc() const { return m_desc; }
-    void SetDesc(std::optional<std::wstring> value) { m_desc = std::move(value); }
+    const TOptional<std::wstring>& GetName() const { return m_name; }
+    void SetName(TOptional<std::wstring> value) { m_name = std::move(value); }
+    const TOptional<std::wstring>& GetDesc() const { return m_desc; }
+    void SetDesc(TOptional<std::wstring> value) { m_desc = std::move(value); }
     CPerson* GetAuthor() const { return m_author.Get(); }
     void SetAuthor(CPerson* value);
     CCopyright* GetCopyright() const { return m_copyright.Get(); }
     void SetCopyright(CCopyright* value);
     CLinkCol* GetLink() const { return m_link.Get(); }
-    const std::optional<CDateTime>& GetTime() const { return m_time; }
-    void SetTime(std::optional<CDateTime> value) { m_time = std::move(value); }
-    const std::optional<std::wstring>& GetKeywords() const { return m_keywords; }
-    void SetKeywords(std::optional<std::wstring> value) { m_keywords = std::move(value); }
+    const TOptional<CDateTime>& GetTime() const { return m_time; }
+    void SetTime(TOptional<CDateTime> value) { m_time = std::move(value); }
+    const TOptional<std::wstring>& GetKeywords() const { return m_keywords; }
+    void SetKeywords(TOptional<std::wstring> value) { m_keywords = std::move(value); }
     CBounds* GetBounds() const { return m_bounds.Get(); }
     void SetBounds(CBounds* value);
     CExtensions* GetExtensions() const { return m_extensions.Get(); }
@@ -169,12 +169,12 @@ public:
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
-    std::optional<std::wstring> m_name, m_desc;
+    TOptional<std::wstring> m_name, m_desc;
     CSmartPtr<CPerson> m_author;
     CSmartPtr<CCopyright> m_copyright;
     CSmartPtr<CLinkCol> m_link;
-    std::optional<CDateTime> m_time;
-    std::optional<std::wstring> m_keywords;
+    TOptional<CDateTime> m_time;
+    TOptional<std::wstring> m_keywords;
     CSmartPtr<CBounds> m_bounds;
     CSmartPtr<CExtensions> m_extensions;
 };
@@ -188,57 +188,57 @@ public:
     void SetLat(const CDecimal& value);
     const CDecimal& GetLon() const { return m_lon; }
     void SetLon(const CDecimal& value);
-    const std::optional<CDecimal>& GetEle() const { return m_ele; }
-    void SetEle(std::optional<CDecimal> value) { m_ele = std::move(value); }
-    const std::optional<CDateTime>& GetTime() const { return m_time; }
-    void SetTime(std::optional<CDateTime> value) { m_time = std::move(value); }
-    const std::optional<CDecimal>& GetMagvar() const { return m_magvar; }
-    void SetMagvar(std::optional<CDecimal> value);
-    const std::optional<CDecimal>& GetGeoidheight() const { return m_geoidheight; }
-    void SetGeoidheight(std::optional<CDecimal> value) { m_geoidheight = std::move(value); }
-    const std::optional<std::wstring>& GetName() const { return m_name; }
-    void SetName(std::optional<std::wstring> value) { m_name = std::move(value); }
-    const std::optional<std::wstring>& GetCmt() const { return m_cmt; }
-    void SetCmt(std::optional<std::wstring> value) { m_cmt = std::move(value); }
-    const std::optional<std::wstring>& GetDesc() const { return m_desc; }
-    void SetDesc(std::optional<std::wstring> value) { m_desc = std::move(value); }
-    const std::optional<std::wstring>& GetSrc() const { return m_src; }
-    void SetSrc(std::optional<std::wstring> value) { m_src = std::move(value); }
+    const TOptional<CDecimal>& GetEle() const { return m_ele; }
+    void SetEle(TOptional<CDecimal> value) { m_ele = std::move(value); }
+    const TOptional<CDateTime>& GetTime() const { return m_time; }
+    void SetTime(TOptional<CDateTime> value) { m_time = std::move(value); }
+    const TOptional<CDecimal>& GetMagvar() const { return m_magvar; }
+    void SetMagvar(TOptional<CDecimal> value);
+    const TOptional<CDecimal>& GetGeoidheight() const { return m_geoidheight; }
+    void SetGeoidheight(TOptional<CDecimal> value) { m_geoidheight = std::move(value); }
+    const TOptional<std::wstring>& GetName() const { return m_name; }
+    void SetName(TOptional<std::wstring> value) { m_name = std::move(value); }
+    const TOptional<std::wstring>& GetCmt() const { return m_cmt; }
+    void SetCmt(TOptional<std::wstring> value) { m_cmt = std::move(value); }
+    const TOptional<std::wstring>& GetDesc() const { return m_desc; }
+    void SetDesc(TOptional<std::wstring> value) { m_desc = std::move(value); }
+    const TOptional<std::wstring>& GetSrc() const { return m_src; }
+    void SetSrc(TOptional<std::wstring> value) { m_src = std::move(value); }
     CLinkCol* GetLink() const { return m_link.Get(); }
-    const std::optional<std::wstring>& GetSym() const { return m_sym; }
-    void SetSym(std::optional<std::wstring> value) { m_sym = std::move(value); }
-    const std::optional<std::wstring>& GetType() const { return m_type; }
-    void SetType(std::optional<std::wstring> value) { m_type = std::move(value); }
+    const TOptional<std::wstring>& GetSym() const { return m_sym; }
+    void SetSym(TOptional<std::wstring> value) { m_sym = std::move(value); }
+    const TOptional<std::wstring>& GetType() const { return m_type; }
+    void SetType(TOptional<std::wstring> value) { m_type = std::move(value); }
     const std::optional<Fix>& GetFix() const { return m_fix; }
     void SetFix(std::optional<Fix> value) { m_fix = value; }
-    const std::optional<CBigInteger>& GetSat() const { return m_sat; }
-    void SetSat(std::optional<CBigInteger> value);
-    const std::optional<CDecimal>& GetHdop() const { return m_hdop; }
-    void SetHdop(std::optional<CDecimal> value) { m_hdop = std::move(value); }
-    const std::optional<CDecimal>& GetVdop() const { return m_vdop; }
-    void SetVdop(std::optional<CDecimal> value) { m_vdop = std::move(value); }
-    const std::optional<CDecimal>& GetPdop() const { return m_pdop; }
-    void SetPdop(std::optional<CDecimal> value) { m_pdop = std::move(value); }
-    const std::optional<CDecimal>& GetAgeofdgpsdata() const { return m_ageofdgpsdata; }
-    void SetAgeofdgpsdata(std::optional<CDecimal> value) { m_ageofdgpsdata = std::move(value); }
-    const std::optional<CBigInteger>& GetDgpsid() const { return m_dgpsid; }
-    void SetDgpsid(std::optional<CBigInteger> value);
+    const TOptional<CBigInteger>& GetSat() const { return m_sat; }
+    void SetSat(TOptional<CBigInteger> value);
+    const TOptional<CDecimal>& GetHdop() const { return m_hdop; }
+    void SetHdop(TOptional<CDecimal> value) { m_hdop = std::move(value); }
+    const TOptional<CDecimal>& GetVdop() const { return m_vdop; }
+    void SetVdop(TOptional<CDecimal> value) { m_vdop = std::move(value); }
+    const TOptional<CDecimal>& GetPdop() const { return m_pdop; }
+    void SetPdop(TOptional<CDecimal> value) { m_pdop = std::move(value); }
+    const TOptional<CDecimal>& GetAgeofdgpsdata() const { return m_ageofdgpsdata; }
+    void SetAgeofdgpsdata(TOptional<CDecimal> value) { m_ageofdgpsdata = std::move(value); }
+    const TOptional<CBigInteger>& GetDgpsid() const { return m_dgpsid; }
+    void SetDgpsid(TOptional<CBigInteger> value);
     CExtensions* GetExtensions() const { return m_extensions.Get(); }
     void SetExtensions(CExtensions* value);
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
     CDecimal m_lat, m_lon;
-    std::optional<CDecimal> m_ele;
-    std::optional<CDateTime> m_time;
-    std::optional<CDecimal> m_magvar, m_geoidheight;
-    std::optional<std::wstring> m_name, m_cmt, m_desc, m_src;
+    TOptional<CDecimal> m_ele;
+    TOptional<CDateTime> m_time;
+    TOptional<CDecimal> m_magvar, m_geoidheight;
+    TOptional<std::wstring> m_name, m_cmt, m_desc, m_src;
     CSmartPtr<CLinkCol> m_link;
-    std::optional<std::wstring> m_sym, m_type;
+    TOptional<std::wstring> m_sym, m_type;
     std::optional<Fix> m_fix;
-    std::optional<CBigInteger> m_sat;
-    std::optional<CDecimal> m_hdop, m_vdop, m_pdop, m_ageofdgpsdata;
-    std::optional<CBigInteger> m_dgpsid;
+    TOptional<CBigInteger> m_sat;
+    TOptional<CDecimal> m_hdop, m_vdop, m_pdop, m_ageofdgpsdata;
+    TOptional<CBigInteger> m_dgpsid;
     CSmartPtr<CExtensions> m_extensions;
 };
 
@@ -248,29 +248,29 @@ class CRte : public CXmlGeneratedClass {
 public:
     explicit CRte(const wchar_t* elementName = L"rteType");
 
-    const std::optional<std::wstring>& GetName() const { return m_name; }
-    void SetName(std::optional<std::wstring> value) { m_name = std::move(value); }
-    const std::optional<std::wstring>& GetCmt() const { return m_cmt; }
-    void SetCmt(std::optional<std::wstring> value) { m_cmt = std::move(value); }
-    const std::optional<std::wstring>& GetDesc() const { return m_desc; }
-    void SetDesc(std::optional<std::wstring> value) { m_desc = std::move(value); }
-    const std::optional<std::wstring>& GetSrc() const { return m_src; }
-    void SetSrc(std::optional<std::wstring> value) { m_src = std::move(value); }
+    const TOptional<std::wstring>& GetName() const { return m_name; }
+    void SetName(TOptional<std::wstring> value) { m_name = std::move(value); }
+    const TOptional<std::wstring>& GetCmt() const { return m_cmt; }
+    void SetCmt(TOptional<std::wstring> value) { m_cmt = std::move(value); }
+    const TOptional<std::wstring>& GetDesc() const { return m_desc; }
+    void SetDesc(TOptional<std::wstring> value) { m_desc = std::move(value); }
+    const TOptional<std::wstring>& GetSrc() const { return m_src; }
+    void SetSrc(TOptional<std::wstring> value) { m_src = std::move(value); }
     CLinkCol* GetLink() const { return m_link.Get(); }
-    const std::optional<CBigInteger>& GetNumber() const { return m_number; }
-    void SetNumber(std::optional<CBigInteger> value);
-    const std::optional<std::wstring>& GetType() const { return m_type; }
-    void SetType(std::optional<std::wstring> value) { m_type = std::move(value); }
+    const TOptional<CBigInteger>& GetNumber() const { return m_number; }
+    void SetNumber(TOptional<CBigInteger> value);
+    const TOptional<std::wstring>& GetType() const { return m_type; }
+    void SetType(TOptional<std::wstring> value) { m_type = std::move(value); }
     CExtensions* GetExtensions() const { return m_extensions.Get(); }
     void SetExtensions(CExtensions* value);
     CWptCol* GetRtept() const { return m_rtept.Get(); }
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
-    std::optional<std::wstring> m_name, m_cmt, m_desc, m_src;
+    TOptional<std::wstring> m_name, m_cmt, m_desc, m_src;
     CSmartPtr<CLinkCol> m_link;
-    std::optional<CBigInteger> m_number;
-    std::optional<std::wstring> m_type;
+    TOptional<CBigInteger> m_number;
+    TOptional<std::wstring> m_type;
     CSmartPtr<CExtensions> m_extensions;
     CSmartPtr<CWptCol> m_rtept;
 };
@@ -295,29 +295,29 @@ class CTrk : public CXmlGeneratedClass {
 public:
     explicit CTrk(const wchar_t* elementName = L"trkType");
 
-    const std::optional<std::wstring>& GetName() const { return m_name; }
-    void SetName(std::optional<std::wstring> value) { m_name = std::move(value); }
-    const std::optional<std::wstring>& GetCmt() const { return m_cmt; }
-    void SetCmt(std::optional<std::wstring> value) { m_cmt = std::move(value); }
-    const std::optional<std::wstring>& GetDesc() const { return m_desc; }
-    void SetDesc(std::optional<std::wstring> value) { m_desc = std::move(value); }
-    const std::optional<std::wstring>& GetSrc() const { return m_src; }
-    void SetSrc(std::optional<std::wstring> value) { m_src = std::move(value); }
+    const TOptional<std::wstring>& GetName() const { return m_name; }
+    void SetName(TOptional<std::wstring> value) { m_name = std::move(value); }
+    const TOptional<std::wstring>& GetCmt() const { return m_cmt; }
+    void SetCmt(TOptional<std::wstring> value) { m_cmt = std::move(value); }
+    const TOptional<std::wstring>& GetDesc() const { return m_desc; }
+    void SetDesc(TOptional<std::wstring> value) { m_desc = std::move(value); }
+    const TOptional<std::wstring>& GetSrc() const { return m_src; }
+    void SetSrc(TOptional<std::wstring> value) { m_src = std::move(value); }
     CLinkCol* GetLink() const { return m_link.Get(); }
-    const std::optional<CBigInteger>& GetNumber() const { return m_number; }
-    void SetNumber(std::optional<CBigInteger> value);
-    const std::optional<std::wstring>& GetType() const { return m_type; }
-    void SetType(std::optional<std::wstring> value) { m_type = std::move(value); }
+    const TOptional<CBigInteger>& GetNumber() const { return m_number; }
+    void SetNumber(TOptional<CBigInteger> value);
+    const TOptional<std::wstring>& GetType() const { return m_type; }
+    void SetType(TOptional<std::wstring> value) { m_type = std::move(value); }
     CExtensions* GetExtensions() const { return m_extensions.Get(); }
     void SetExtensions(CExtensions* value);
     CTrksegCol* GetTrkseg() const { return m_trkseg.Get(); }
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
-    std::optional<std::wstring> m_name, m_cmt, m_desc, m_src;
+    TOptional<std::wstring> m_name, m_cmt, m_desc, m_src;
     CSmartPtr<CLinkCol> m_link;
-    std::optional<CBigInteger> m_number;
-    std::optional<std::wstring> m_type;
+    TOptional<CBigInteger> m_number;
+    TOptional<std::wstring> m_type;
     CSmartPtr<CExtensions> m_extensions;
     CSmartPtr<CTrksegCol> m_trkseg;
 };
@@ -361,16 +361,16 @@ public:
     void SetLat(const CDecimal& value);
     const CDecimal& GetLon() const { return m_lon; }
     void SetLon(const CDecimal& value);
-    const std::optional<CDecimal>& GetEle() const { return m_ele; }
-    void SetEle(std::optional<CDecimal> value) { m_ele = std::move(value); }
-    const std::optional<CDateTime>& GetTime() const { return m_time; }
-    void SetTime(std::optional<CDateTime> value) { m_time = std::move(value); }
+    const TOptional<CDecimal>& GetEle() const { return m_ele; }
+    void SetEle(TOptional<CDecimal> value) { m_ele = std::move(value); }
+    const TOptional<CDateTime>& GetTime() const { return m_time; }
+    void SetTime(TOptional<CDateTime> value) { m_time = std::move(value); }
 
     GPX_GENERATED_CLASS_MEMBERS
 private:
     CDecimal m_lat, m_lon;
-    std::optional<CDecimal> m_ele;
-    std::optional<CDateTime> m_time;
+    TOptional<CDecimal> m_ele;
+    TOptional<CDateTime> m_time;
 };
 
 typedef TXmlClassCollection<CPt> CPtCol;
