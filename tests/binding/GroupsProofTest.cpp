@@ -388,6 +388,8 @@ TEST(GroupsProof, InvalidCratesAreRejected) {
         // A typed collection's items carry no path of their own: the crate's is the innermost.
         {Replace(kCrate, L"<count>3</count>", L"<count>100</count>"), L"Invalid Value for count [100]",
          L"/crate"},
+        {Replace(kCrate, L"<item id=\"2\"/>", L"<item/>"), L"Failed to find the required Attribute [id].",
+         L"/crate/item[2]"},
         {Replace(kCrate, L"<o:x/>", L"<x/>"),
          L"Failed read all the elements held within the element [crate]. The unexpected element [x] remains "
          L"un processed",
