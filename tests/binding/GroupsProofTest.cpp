@@ -210,6 +210,7 @@ TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
     CSmartPtr<CGroups> groups(new CGroups());
     groups->SetAlt(new CSquare(L"x", L"2.5"));
     groups->GetPicks()->Add()->SetShape(new CCircle());
+    groups->GetFigures()->Add(new CSquare(L"y", L"3"));
     const std::wstring written = groups->ToXml();
     EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid);
     CSmartPtr<CGroups> again(new CGroups());
@@ -218,6 +219,8 @@ TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
     ASSERT_NE(nullptr, alt) << written;
     EXPECT_EQ(CDecimal(L"2.5"), alt->GetSide());
     EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(again->GetPicks()->GetPick(0)->GetShape()));
+    ASSERT_EQ(1, again->GetFigures()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(again->GetFigures()->Item(0)));
 
     const std::wstring untyped = Replace(Document(), kMain, L"<main radius=\"1\"/>");
     EXPECT_FALSE(ValidateWithXmllint(untyped, kSchema).valid);
