@@ -23,11 +23,22 @@ const std::wstring kBag = L"<bag><more>m</more><tint>green</tint><note>n</note>"
                           L"<colour>green</colour><count>7</count><shape xsi:type=\"Square\" side=\"4\"/>"
                           L"<item id=\"3\"/></bag>";
 const std::wstring kMain = L"<main xsi:type=\"Circle\" radius=\"1.5\"/>";
+// Repeated members after the mandatory ones: abstract figures, one palette per repeated alternative,
+// and a label holding the Stamp group, whose attribute stands on the label itself.
+const std::wstring kTail = L"<figure xsi:type=\"Circle\" radius=\"1\"/>"
+                           L"<figure xsi:type=\"Square\" colour=\"blue\" side=\"2\"/>"
+                           L"<palette><item id=\"4\"/><item id=\"5\"/></palette>"
+                           L"<palette><colour>red</colour><colour>green</colour></palette>"
+                           L"<palette><count>1</count><note>two</note><count>3</count></palette>"
+                           L"<label signed=\"true\"><text>t</text><by>me</by></label>";
 
-std::wstring Document(const std::wstring& picks = kPicks, const std::wstring& bag = kBag) {
-    return L"<groups xmlns=\"urn:qx:test:groups\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-           L"xmlns:o=\"urn:other\">" +
-           picks + bag + kMain + L"</groups>";
+const wchar_t* const kNamespaces =
+    L"xmlns=\"urn:qx:test:groups\" "
+    L"xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:o=\"urn:other\"";
+
+std::wstring Document(const std::wstring& picks = kPicks, const std::wstring& bag = kBag,
+                      const std::wstring& tail = kTail) {
+    return std::wstring(L"<groups ") + kNamespaces + L">" + picks + bag + kMain + tail + L"</groups>";
 }
 
 std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
@@ -40,18 +51,30 @@ struct Failure {
     std::wstring path;    // innermost path that is set
 };
 
+Failure Innermost(const CQxException& e) {
+    Failure failure;
+    for (const CQxException* link = &e; link; link = link->GetInnerException()) {
+        failure.message = link->GetMessage().substr(0, link->GetMessage().find(L"\nPath: "));
+        if (!link->GetPath().empty()) failure.path = link->GetPath();
+    }
+    return failure;
+}
+
+// Unprefixed output, so that tests can look for the text they expect.
+std::wstring Plain(const CXmlObjectBase& root) {
+    CSerializationContext context;
+    context.SetDefaultNamespaceURI(kNamespace);
+    return root.ToXml(false, false, eolLF, context);
+}
+
+template <class Root = CGroups>
 Failure LoadFailure(const std::wstring& document,
                     const CSerializationContext& context = CSerializationContext()) {
-    CSmartPtr<CGroups> groups(new CGroups());
+    CSmartPtr<Root> root(new Root());
     try {
-        groups->FromXml(document.c_str(), context);
+        root->FromXml(document.c_str(), context);
     } catch (const CQxException& e) {
-        Failure failure;
-        for (const CQxException* link = &e; link; link = link->GetInnerException()) {
-            failure.message = link->GetMessage().substr(0, link->GetMessage().find(L"\nPath: "));
-            if (!link->GetPath().empty()) failure.path = link->GetPath();
-        }
-        return failure;
+        return Innermost(e);
     }
     return {L"(no exception)", L""};
 }
@@ -86,6 +109,11 @@ TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
     EXPECT_NE(nullptr, bag.GetMore());
     EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(groups->GetMain()));
     EXPECT_EQ(nullptr, groups->GetAlt());
+    ASSERT_EQ(2, groups->GetFigures()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(groups->GetFigures()->Item(0)));
+    const auto* square = dynamic_cast<const CSquare*>(groups->GetFigures()->Item(1));
+    ASSERT_NE(nullptr, square);
+    EXPECT_EQ(Colour_blue, square->GetColour());
 
     const std::wstring written = groups->ToXml(true, false);
     const XmllintResult result = ValidateWithXmllint(written, kSchema);
@@ -95,10 +123,80 @@ TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
     EXPECT_EQ(written, again->ToXml(true, false));
 }
 
+// Each palette takes one alternative, which repeats; the others stay empty.
+TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
+    CSmartPtr<CGroups> groups(new CGroups());
+    groups->FromXml(Document().c_str());
+    const auto& palettes = *groups->GetPalettes();
+    ASSERT_EQ(3, palettes.GetCount());
+    const CItemCol& items = *palettes.Item(0)->GetItems();
+    ASSERT_EQ(2, items.GetCount());
+    EXPECT_EQ(5, items.Item(1)->GetId());
+    EXPECT_EQ(0, palettes.Item(0)->GetColours()->GetCount());
+    const CColourCol& colours = *palettes.Item(1)->GetColours();
+    ASSERT_EQ(2, colours.GetCount());
+    EXPECT_EQ(Colour_green, colours.Item(1));
+    EXPECT_EQ(0, palettes.Item(1)->GetEntries()->GetCount());
+    const CEntryCol& entries = *palettes.Item(2)->GetEntries();
+    ASSERT_EQ(3, entries.GetCount());
+    EXPECT_EQ(1, entries.GetEntry(0)->GetCount());
+    EXPECT_EQ(L"two", entries.GetEntry(1)->GetNote());
+    EXPECT_FALSE(entries.GetEntry(1)->GetCount());
+    EXPECT_EQ(3, entries.GetEntry(2)->GetCount());
+
+    // Built in code, each palette is written in its alternative's own form.
+    CSmartPtr<CGroups> built(new CGroups());
+    built->GetPicks()->Add()->SetCount(0);
+    CPalette* palette = built->GetPalettes()->Add();
+    palette->GetColours()->Add(Colour_blue);
+    palette->GetColours()->Add(Colour_red);
+    palette->GetColours()->Add(Colour_blue);
+    built->GetPalettes()->Add()->GetEntries()->Add()->SetNote(L"only");
+    const std::wstring written = Plain(*built);
+    EXPECT_NE(
+        std::wstring::npos,
+        written.find(L"<palette><colour>blue</colour><colour>red</colour><colour>blue</colour></palette>"
+                     L"<palette><note>only</note></palette>"))
+        << written;
+    const XmllintResult result = ValidateWithXmllint(written, kSchema);
+    EXPECT_TRUE(result.valid) << result.output;
+
+    // Too many colours are refused on writing as well.
+    palette->GetColours()->Add(Colour_green);
+    try {
+        built->ToXml();
+        ADD_FAILURE() << "four colours were written";
+    } catch (const CQxException& e) {
+        EXPECT_EQ(L"The Maximum number of [colour] elements allowed in this collection is 3",
+                  Innermost(e).message);
+    }
+}
+
+// The group's attribute is written on, and read from, the element of the class that holds the group.
+TEST(GroupsProof, InlineGroupAttributesStandOnTheParent) {
+    CSmartPtr<CGroups> groups(new CGroups());
+    groups->FromXml(Document().c_str());
+    const CLabel* label = groups->GetLabel();
+    ASSERT_NE(nullptr, label);
+    EXPECT_EQ(L"t", label->GetText());
+    EXPECT_EQ(L"me", label->GetStamp()->GetBy());
+    EXPECT_TRUE(label->GetStamp()->GetSigned());
+
+    groups->GetLabel()->GetStamp()->SetSigned(false);
+    const std::wstring written = Plain(*groups);
+    EXPECT_NE(std::wstring::npos, written.find(L"<label signed=\"false\"><text>t</text><by>me</by></label>"))
+        << written;
+    EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid);
+    CSmartPtr<CGroups> again(new CGroups());
+    again->FromXml(written.c_str());
+    EXPECT_FALSE(again->GetLabel()->GetStamp()->GetSigned());
+    EXPECT_EQ(L"me", again->GetLabel()->GetStamp()->GetBy());
+}
+
 TEST(GroupsProof, OptionalAllMembersMayBeAbsent) {
     const std::wstring bag = L"<bag><extra/><count>0</count><item id=\"1\"/><colour>red</colour>"
                              L"<shape xsi:type=\"Circle\" radius=\"1\"/></bag>";
-    const std::wstring document = Document(L"<pick><count>1</count></pick>", bag);
+    const std::wstring document = Document(L"<pick><count>1</count></pick>", bag, L"");
     ASSERT_TRUE(ValidateWithXmllint(document, kSchema).valid);
     CSmartPtr<CGroups> groups(new CGroups());
     groups->FromXml(document.c_str());
@@ -112,6 +210,7 @@ TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
     CSmartPtr<CGroups> groups(new CGroups());
     groups->SetAlt(new CSquare(L"x", L"2.5"));
     groups->GetPicks()->Add()->SetShape(new CCircle());
+    groups->GetFigures()->Add(new CSquare(L"y", L"3"));
     const std::wstring written = groups->ToXml();
     EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid);
     CSmartPtr<CGroups> again(new CGroups());
@@ -120,6 +219,8 @@ TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
     ASSERT_NE(nullptr, alt) << written;
     EXPECT_EQ(CDecimal(L"2.5"), alt->GetSide());
     EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(again->GetPicks()->GetPick(0)->GetShape()));
+    ASSERT_EQ(1, again->GetFigures()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(again->GetFigures()->Item(0)));
 
     const std::wstring untyped = Replace(Document(), kMain, L"<main radius=\"1\"/>");
     EXPECT_FALSE(ValidateWithXmllint(untyped, kSchema).valid);
@@ -158,6 +259,28 @@ std::vector<InvalidCase> InvalidCases() {
          L"/groups/bag"},
         {"ChoiceFacet", Replace(Document(), L"<count>5</count>", L"<count>100</count>"),
          L"Invalid Value for count [100]", L"/groups/pick[3]/count"},
+        {"ChoiceCollectionTooShort", Replace(Document(), L"<colour>green</colour></palette>", L"</palette>"),
+         L"The Minimum number of [colour] elements allowed in this collection is 2", L"/groups/palette[2]"},
+        {"ChoiceCollectionTooLong",
+         Replace(Document(), L"<colour>red</colour><colour>green</colour>",
+                 L"<colour>red</colour><colour>green</colour><colour>red</colour><colour>blue</colour>"),
+         L"The Maximum number of [colour] elements allowed in this collection is 3", L"/groups/palette[2]"},
+        {"ChoiceCollectionThenAnother", Replace(Document(), L"<item id=\"5\"/>", L"<count>5</count>"),
+         L"Failed read all the elements held within the element [palette]. The unexpected element [count] "
+         L"remains un processed",
+         L"/groups/palette[1]"},
+        {"RepeatedChoiceThenAnother", Replace(Document(), L"<count>3</count>", L"<colour>red</colour>"),
+         L"Failed read all the elements held within the element [palette]. The unexpected element [colour] "
+         L"remains un processed",
+         L"/groups/palette[3]"},
+        {"RepeatedChoiceFacet", Replace(Document(), L"<count>3</count>", L"<count>-3</count>"),
+         L"Invalid Value for count [-3]", L"/groups/palette[3]/count[2]"},
+        {"AbstractCollectionWithoutType", Replace(Document(), L"<figure xsi:type=\"Circle\"", L"<figure"),
+         L"Failed to find a suitable substitution element for [figure].", L"/groups"},
+        {"InlineGroupAttributeMissing", Replace(Document(), L" signed=\"true\"", L""),
+         L"Failed to find the required Attribute [signed].", L"/groups/label"},
+        {"InlineGroupContentMissing", Replace(Document(), L"<by>me</by>", L""),
+         L"Failed to find the required child element [Stamp].", L"/groups/label"},
     };
 }
 
@@ -206,6 +329,84 @@ TEST(GroupsProof, EmptyChoiceIsRefusedOnWriting) {
     CSerializationContext context;
     context.SetIgnoreMissingChoice(true);
     EXPECT_NO_THROW(groups->ToXml(true, true, eolLF, context));
+}
+
+// A crate is an all group of repeated members, which XML Schema 1.0 cannot express: no xmllint here.
+std::wstring Crate(const std::wstring& content) {
+    return std::wstring(L"<crate ") + kNamespaces + L">" + content + L"</crate>";
+}
+
+const std::wstring kCrate = L"<count>1</count><item id=\"1\"/><o:x/><shape xsi:type=\"Circle\" radius=\"1\"/>"
+                            L"<pick><count>2</count></pick><item id=\"2\"/><count>3</count>"
+                            L"<shape xsi:type=\"Square\" side=\"2\"/><o:y>t</o:y>";
+
+TEST(GroupsProof, RepeatedAllMembersGatherFromAnyPosition) {
+    CSmartPtr<CCrate> crate(new CCrate());
+    crate->FromXml(Crate(kCrate).c_str());
+    ASSERT_EQ(2, crate->GetItems()->GetCount());
+    EXPECT_EQ(2, crate->GetItems()->Item(1)->GetId());
+    ASSERT_EQ(2, crate->GetShapes()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(crate->GetShapes()->Item(0)));
+    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(crate->GetShapes()->Item(1)));
+    ASSERT_EQ(2, crate->GetCounts()->GetCount());
+    EXPECT_EQ(3, crate->GetCounts()->Item(1));
+    ASSERT_EQ(1, crate->GetPicks()->GetCount());
+    EXPECT_EQ(2, crate->GetPicks()->GetPick(0)->GetCount());
+    ASSERT_EQ(2, crate->GetExtras()->GetCount());
+    EXPECT_EQ(L"t", crate->GetExtras()->Item(1)->GetText());
+
+    // Written in member order; read back, it writes the same.
+    const std::wstring written = crate->ToXml(true, false);
+    CSmartPtr<CCrate> again(new CCrate());
+    again->FromXml(written.c_str());
+    EXPECT_EQ(written, again->ToXml(true, false));
+    EXPECT_LT(written.find(L"id=\"2\""), written.find(L"<count>1</count>")) << written;
+}
+
+// Reading never counts the items of a repeated all member; writing does.
+TEST(GroupsProof, RepeatedAllMembersAreCountedOnWriting) {
+    const std::wstring fourItems = L"<item id=\"1\"/><item id=\"2\"/><pick><count>1</count></pick>"
+                                   L"<item id=\"3\"/><item id=\"4\"/>";
+    for (const auto& [content, message] :
+         {std::pair(fourItems, L"The Maximum number of [item] elements allowed in this collection is 3"),
+          std::pair(std::wstring(L"<pick><count>1</count></pick>"),
+                    L"The Minimum number of [item] elements allowed in this collection is 1")}) {
+        CSmartPtr<CCrate> crate(new CCrate());
+        crate->FromXml(Crate(content).c_str());
+        try {
+            crate->ToXml();
+            ADD_FAILURE() << "written: " << crate->GetItems()->GetCount() << " items";
+        } catch (const CQxException& e) {
+            EXPECT_EQ(message, Innermost(e).message);
+        }
+    }
+}
+
+TEST(GroupsProof, InvalidCratesAreRejected) {
+    const struct {
+        std::wstring content, message, path;
+    } cases[] = {
+        {Replace(kCrate, L"<shape xsi:type=\"Circle\"", L"<shape"),
+         L"Failed to find a suitable substitution element for [shape].", L"/crate"},
+        // A typed collection's items carry no path of their own: the crate's is the innermost.
+        {Replace(kCrate, L"<count>3</count>", L"<count>100</count>"), L"Invalid Value for count [100]",
+         L"/crate"},
+        {Replace(kCrate, L"<item id=\"2\"/>", L"<item/>"), L"Failed to find the required Attribute [id].",
+         L"/crate/item[2]"},
+        {Replace(kCrate, L"<o:x/>", L"<x/>"),
+         L"Failed read all the elements held within the element [crate]. The unexpected element [x] remains "
+         L"un processed",
+         L"/crate"},
+        {Replace(kCrate, L"<pick><count>2</count></pick>", L"<pick/>"),
+         L"No child elements within the element [pick] were populated. The element represents a choice, so "
+         L"one and only one element should be populated. The element contained no sutable child elements",
+         L"/crate/pick"},
+    };
+    for (const auto& c : cases) {
+        const Failure failure = LoadFailure<CCrate>(Crate(c.content));
+        EXPECT_EQ(c.message, failure.message) << c.content;
+        EXPECT_EQ(c.path, failure.path) << c.content;
+    }
 }
 
 } // namespace

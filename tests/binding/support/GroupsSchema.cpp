@@ -45,8 +45,15 @@ void CheckCount(long value) {
     CXmlObjectHelper::CheckRestrictionFori4(L"count", value, kCountFacets);
 }
 
-CParentElementInfo* ClassInfo(XmlElementGroupType group, const wchar_t* typeName, bool derived = false) {
-    return new CParentElementInfo(group, etElement, typeName, kNamespace, true, derived, -1, itNone, L"",
+CParentElementInfo* ClassInfo(XmlElementGroupType group, const wchar_t* typeName, bool derived = false,
+                              bool reportUnknownAttributes = true) {
+    return new CParentElementInfo(group, etElement, typeName, kNamespace, reportUnknownAttributes, derived,
+                                  -1, itNone, L"", false);
+}
+
+// A group reads its parent's element, whose other attributes are not its business.
+CParentElementInfo* GroupInfo(XmlElementGroupType group, const wchar_t* groupName) {
+    return new CParentElementInfo(group, etGroup, groupName, kNamespace, false, false, -1, itNone, L"",
                                   false);
 }
 
@@ -62,8 +69,20 @@ int ColourFromText(const wchar_t* text) {
     throw CQxInvalidValueException(FormatString(L"The value [%ls] is not a valid Colour", text));
 }
 
+int PassCollection(CXmlCollectionBase* collection, bool read, QxVariant& value, const wchar_t* name) {
+    if (!read) throw CQxInvalidParamException(FormatString(L"The Property [%ls] is a collection", name));
+    value.SetXmlCollection(collection);
+    return 0;
+}
+
 CSmartPtr<CXmlObjectBase> CreateClass(int classNumber, const wchar_t* elementName) {
     switch (classNumber) {
+    case cnPalette:
+        return new CPalette(elementName);
+    case cnLabel:
+        return new CLabel(elementName);
+    case cnStamp:
+        return new CStamp(elementName);
     case cnItem:
         return new CItem(elementName);
     case cnPick:
@@ -284,6 +303,205 @@ CXmlElement* CPickCol::FromXml_Int(CXmlElement*, CXmlElement* current, const CSe
     return current;
 }
 
+CColourCol::CColourCol(const wchar_t* elementName, int minOccurs, int maxOccurs)
+    : CPrimitiveCol(elementName, kNamespace, minOccurs, maxOccurs, L"", -1, -1, L"", L"", L"", L"", -1, -1,
+                    -1, W::wsCollapse, L"") {}
+
+long CColourCol::FromString(const std::wstring& text, CWhitespaceUtils::WhitespaceRule rule) {
+    return ColourFromText(CWhitespaceUtils::ApplyRule(rule, text).c_str());
+}
+
+// --- Entry, Palette ---------------------------------------------------------------------------------
+
+namespace {
+enum EntryProperty : int { pnEntryCount = 1, pnEntryNote };
+enum PaletteProperty : int { pnPaletteItems = 1, pnPaletteColours, pnPaletteEntries };
+} // namespace
+
+CEntry::CEntry(const wchar_t* elementName) {
+    SetElementName(elementName);
+}
+
+void CEntry::SetCount(long value) {
+    CheckCount(value);
+    m_note.reset();
+    m_count = value;
+}
+void CEntry::SetNote(std::wstring value) {
+    m_count.reset();
+    m_note = std::move(value);
+}
+
+const CClassMetaData& CEntry::MetaData() {
+    static const CClassMetaData data(
+        GroupInfo(egChoice, L"Entry"),
+        {new CElementInfoChoicePrimOpt(L"count", kNamespace, pnEntryCount, false, itI4, L"", W::wsCollapse,
+                                       kCountFacets, L""),
+         new CElementInfoChoicePrimOpt(L"note", kNamespace, pnEntryNote, false, itString, L"", W::wsPreserve,
+                                       kNoFacets, L"")},
+        {});
+    return data;
+}
+
+int CEntry::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
+    switch (propertyNumber) {
+    case pnEntryCount:
+        if (!read)
+            SetCount(value.GetI4());
+        else if (m_count)
+            value.SetI4(*m_count);
+        return 0;
+    case pnEntryNote:
+        if (!read)
+            SetNote(value.GetString());
+        else if (m_note)
+            value.SetString(*m_note);
+        return 0;
+    }
+    return UnknownProperty(propertyNumber);
+}
+
+void CEntry::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
+    m_count.reset();
+    m_note.reset();
+}
+
+CEntryCol::CEntryCol()
+    : CXmlCollection(L"Entry", kNamespace, 1, -1) {}
+
+CEntry* CEntryCol::Add() {
+    CSmartPtr<CEntry> entry(new CEntry());
+    AppendItem(entry.Get());
+    return entry.Get();
+}
+
+void CEntryCol::ToXml_Int(CXmlWriter* writer, bool, const wchar_t* namespaceURI,
+                          const CSerializationContext& context, bool flag) const {
+    for (CXmlObjectBase* item : *this)
+        CXmlObjectBase::ToXml_Int(item, writer, false, namespaceURI, context, flag);
+}
+
+CXmlElement* CEntryCol::FromXml_Int(CXmlElement* parent, CXmlElement* current,
+                                    const CSerializationContext& context, bool) {
+    while (current) {
+        CSmartPtr<CEntry> entry(new CEntry());
+        CXmlElement* stopped = CXmlObjectBase::FromXml_Int(entry.Get(), parent, current, context, false);
+        if (stopped == current) break;
+        AppendItem(entry.Get());
+        current = stopped;
+    }
+    return current;
+}
+
+CPalette::CPalette(const wchar_t* elementName) {
+    SetElementName(elementName);
+    Reset();
+}
+
+void CPalette::Reset() {
+    m_items = new CItemCol(L"item", kNamespace, 1, -1);
+    m_colours = new CColourCol(L"colour", 2, 3);
+    m_entries = new CEntryCol();
+}
+
+const CClassMetaData& CPalette::MetaData() {
+    static const CClassMetaData data(
+        ClassInfo(egChoice, L"Palette"),
+        {new CElementInfoChoiceClsCol(L"item", kNamespace, pnPaletteItems, etElement),
+         new CElementInfoChoiceEnumCol(L"colour", kNamespace, pnPaletteColours),
+         new CElementInfoChoiceCol(L"Entry", kNamespace, pnPaletteEntries)},
+        {});
+    return data;
+}
+
+int CPalette::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
+    switch (propertyNumber) {
+    case pnPaletteItems:
+        return PassCollection(m_items.Get(), read, value, L"item");
+    case pnPaletteColours:
+        return PassCollection(m_colours.Get(), read, value, L"colour");
+    case pnPaletteEntries:
+        return PassCollection(m_entries.Get(), read, value, L"Entry");
+    }
+    return UnknownProperty(propertyNumber);
+}
+
+void CPalette::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
+    Reset();
+}
+
+// --- Stamp, Label -----------------------------------------------------------------------------------
+
+namespace {
+enum StampProperty : int { pnStampSigned = 1, pnStampBy };
+enum LabelProperty : int { pnLabelText = 1, pnLabelStamp };
+} // namespace
+
+CStamp::CStamp(const wchar_t* elementName) {
+    SetElementName(elementName);
+}
+
+const CClassMetaData& CStamp::MetaData() {
+    static const CClassMetaData data(
+        GroupInfo(egSequence, L"Stamp"),
+        {new CElementInfoSeqPrimMnd(L"by", kNamespace, pnStampBy, false, itString, L"", W::wsPreserve,
+                                    kNoFacets, L"")},
+        {new CAttributeInfoPrimitive(L"signed", L"", pnStampSigned, false, itBoolean, L"", W::wsCollapse,
+                                     kNoFacets, L"")});
+    return data;
+}
+
+int CStamp::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
+    switch (propertyNumber) {
+    case pnStampSigned:
+        read ? value.SetBoolean(m_signed) : SetSigned(value.GetBoolean());
+        return 0;
+    case pnStampBy:
+        read ? value.SetString(m_by) : SetBy(value.GetString());
+        return 0;
+    }
+    return UnknownProperty(propertyNumber);
+}
+
+void CStamp::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
+    m_by.clear();
+    m_signed = false;
+}
+
+CLabel::CLabel(const wchar_t* elementName)
+    : m_stamp(new CStamp()) {
+    SetElementName(elementName);
+}
+
+const CClassMetaData& CLabel::MetaData() {
+    // The Stamp group's attributes stand on this element, and only the group reads them.
+    static const CClassMetaData data(
+        ClassInfo(egSequence, L"Label", false, false),
+        {new CElementInfoSeqPrimMnd(L"text", kNamespace, pnLabelText, false, itString, L"", W::wsPreserve,
+                                    kNoFacets, L""),
+         new CElementInfoSeqClsMnd(L"Stamp", kNamespace, pnLabelStamp, etGroup, CreateClass, cnStamp, true)},
+        {});
+    return data;
+}
+
+int CLabel::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
+    switch (propertyNumber) {
+    case pnLabelText:
+        read ? value.SetString(m_text) : SetText(value.GetString());
+        return 0;
+    case pnLabelStamp:
+        read ? value.SetXmlObject(m_stamp.Get())
+             : AdoptMandatory(m_stamp, ObjectOf<CStamp>(value, L"Stamp"), L"Stamp");
+        return 0;
+    }
+    return UnknownProperty(propertyNumber);
+}
+
+void CLabel::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
+    m_text.clear();
+    m_stamp = new CStamp();
+}
+
 // --- Bag --------------------------------------------------------------------------------------------
 
 namespace {
@@ -409,7 +627,7 @@ void CBag::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationConte
 // --- Groups -----------------------------------------------------------------------------------------
 
 namespace {
-enum GroupsProperty : int { pnPicks = 1, pnBag, pnMain, pnAlt };
+enum GroupsProperty : int { pnPicks = 1, pnBag, pnMain, pnAlt, pnFigures, pnPalettes, pnLabel };
 }
 
 CGroups::CGroups(const wchar_t* elementName) {
@@ -422,6 +640,9 @@ void CGroups::Reset() {
     m_bag = new CBag(L"bag");
     m_main = new CSquare(L"main");
     m_alt = nullptr;
+    m_figures = new CShapeCol(L"figure", kNamespace, 0, -1, CreateShape);
+    m_palettes = new TXmlClassCollection<CPalette>(L"palette", kNamespace, 0, -1);
+    m_label = nullptr;
 }
 
 void CGroups::SetMain(CShape* value) {
@@ -430,6 +651,9 @@ void CGroups::SetMain(CShape* value) {
 void CGroups::SetAlt(CShape* value) {
     Adopt(m_alt, value, L"alt");
 }
+void CGroups::SetLabel(CLabel* value) {
+    Adopt(m_label, value, L"label");
+}
 
 const CClassMetaData& CGroups::MetaData() {
     static const CClassMetaData data(
@@ -437,7 +661,10 @@ const CClassMetaData& CGroups::MetaData() {
         {new CElementInfoSeqClsCol(L"pick", kNamespace, pnPicks, etElement),
          new CElementInfoSeqClsMnd(L"bag", kNamespace, pnBag, etElement, CreateClass, cnBag, false),
          new CElementInfoSeqAbsClsMnd(L"main", kNamespace, pnMain, etElement, CreateShape),
-         new CElementInfoSeqAbsClsOpt(L"alt", kNamespace, pnAlt, etElement, CreateShape)},
+         new CElementInfoSeqAbsClsOpt(L"alt", kNamespace, pnAlt, etElement, CreateShape),
+         new CElementInfoSeqAbsClsCol(L"figure", kNamespace, pnFigures, etElement),
+         new CElementInfoSeqClsCol(L"palette", kNamespace, pnPalettes, etElement),
+         new CElementInfoSeqClsOpt(L"label", kNamespace, pnLabel, etElement, CreateClass, cnLabel)},
         {});
     return data;
 }
@@ -445,10 +672,7 @@ const CClassMetaData& CGroups::MetaData() {
 int CGroups::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPicks:
-        // The collection is part of the object: readers fill it in place.
-        if (!read) throw CQxInvalidParamException(L"The Property [pick] is a collection");
-        value.SetXmlCollection(m_picks.Get());
-        return 0;
+        return PassCollection(m_picks.Get(), read, value, L"pick");
     case pnBag:
         read ? value.SetXmlObject(m_bag.Get()) : AdoptMandatory(m_bag, ObjectOf<CBag>(value, L"bag"), L"bag");
         return 0;
@@ -458,11 +682,70 @@ int CGroups::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     case pnAlt:
         read ? value.SetXmlObject(m_alt.Get()) : SetAlt(ObjectOf<CShape>(value, L"alt"));
         return 0;
+    case pnFigures:
+        return PassCollection(m_figures.Get(), read, value, L"figure");
+    case pnPalettes:
+        return PassCollection(m_palettes.Get(), read, value, L"palette");
+    case pnLabel:
+        read ? value.SetXmlObject(m_label.Get()) : SetLabel(ObjectOf<CLabel>(value, L"label"));
+        return 0;
     }
     return UnknownProperty(propertyNumber);
 }
 
 void CGroups::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
+    Reset();
+}
+
+// --- Crate ------------------------------------------------------------------------------------------
+
+namespace {
+enum CrateProperty : int { pnCrateItems = 1, pnCrateShapes, pnCrateCounts, pnCratePicks, pnCrateExtras };
+}
+
+CCrate::CCrate(const wchar_t* elementName) {
+    SetElementName(elementName);
+    Reset();
+}
+
+void CCrate::Reset() {
+    m_items = new CItemCol(L"item", kNamespace, 1, 3);
+    m_shapes = new CShapeCol(L"shape", kNamespace, 0, -1, CreateShape);
+    m_counts = new Ci4Col(L"count", kNamespace, 0, -1, L"", -1, -1, L"0", L"99", L"", L"", -1, -1, -1,
+                          W::wsCollapse, L"");
+    m_picks = new CPickCol();
+    m_extras = new CElementCol(L"", L"##other", kNamespace, 0, -1);
+}
+
+const CClassMetaData& CCrate::MetaData() {
+    static const CClassMetaData data(
+        ClassInfo(egAll, L"Crate"),
+        {new CElementInfoAllClsCol(L"item", kNamespace, pnCrateItems, etElement),
+         new CElementInfoAllAbsClsCol(L"shape", kNamespace, pnCrateShapes, etElement),
+         new CElementInfoAllPrimCol(L"count", kNamespace, pnCrateCounts),
+         new CElementInfoAllCol(L"pick", kNamespace, pnCratePicks),
+         new CElementInfoAllUntpdCol(L"AnyElement", kNamespace, pnCrateExtras)},
+        {});
+    return data;
+}
+
+int CCrate::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
+    switch (propertyNumber) {
+    case pnCrateItems:
+        return PassCollection(m_items.Get(), read, value, L"item");
+    case pnCrateShapes:
+        return PassCollection(m_shapes.Get(), read, value, L"shape");
+    case pnCrateCounts:
+        return PassCollection(m_counts.Get(), read, value, L"count");
+    case pnCratePicks:
+        return PassCollection(m_picks.Get(), read, value, L"pick");
+    case pnCrateExtras:
+        return PassCollection(m_extras.Get(), read, value, L"AnyElement");
+    }
+    return UnknownProperty(propertyNumber);
+}
+
+void CCrate::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
     Reset();
 }
 

@@ -17,7 +17,7 @@ enum Colour : int { Colour_red, Colour_green, Colour_blue };
 const wchar_t* ColourToText(int value);
 int ColourFromText(const wchar_t* text);
 
-enum ClassNumber : int { cnItem, cnPick, cnBag };
+enum ClassNumber : int { cnItem, cnPick, cnBag, cnPalette, cnLabel, cnStamp };
 CSmartPtr<CXmlObjectBase> CreateClass(int classNumber, const wchar_t* elementName);
 // The concrete Shape named by the element's xsi:type; none without one, since Shape is abstract.
 CSmartPtr<CXmlObjectBase> CreateShape(CXmlElement* element);
@@ -40,6 +40,9 @@ public:
     std::wstring GetTargetNamespace() const override { return kNamespace; }
     std::wstring GetNamespace() const override { return kNamespace; }
 };
+
+// A repeated member holds its collection from construction on; readers fill it in place.
+int PassCollection(CXmlCollectionBase* collection, bool read, QxVariant& value, const wchar_t* name);
 
 class CItem : public CGroupsClass<CItem> {
 public:
@@ -100,6 +103,24 @@ private:
     CDecimal m_side;
 };
 
+typedef TXmlClassCollection<CItem> CItemCol;
+// Items are Circles and Squares, chosen by each element's xsi:type.
+typedef TXmlClassCollection<CShape> CShapeCol;
+
+// Repeated Colour values.
+class CColourCol : public CPrimitiveCol<CColourCol, long> {
+public:
+    CColourCol(const wchar_t* elementName, int minOccurs, int maxOccurs);
+
+private:
+    friend CPrimitiveCol;
+    static constexpr ItemType kItemType = itString;
+    static constexpr const wchar_t* kClassName = L"CColourCol";
+    static void CheckFacets(const wchar_t*, long, const CPrimitiveRestrictions&) {}
+    static long FromString(const std::wstring& text, CWhitespaceUtils::WhitespaceRule rule);
+    static std::wstring ToString(long value, const std::wstring&) { return ColourToText(value); }
+};
+
 // A choice: setting one alternative clears the others.
 class CPick : public CGroupsClass<CPick> {
 public:
@@ -141,6 +162,91 @@ public:
                    const CSerializationContext& context, bool flag) const override;
     CXmlElement* FromXml_Int(CXmlElement* parent, CXmlElement* current, const CSerializationContext& context,
                              bool flag) override;
+};
+
+// One turn of the repeated choice of Palette: a count or a note. A group: its content stands inline.
+class CEntry : public CGroupsClass<CEntry> {
+public:
+    explicit CEntry(const wchar_t* elementName = L"Entry");
+    const std::optional<long>& GetCount() const { return m_count; }
+    void SetCount(long value);
+    const std::optional<std::wstring>& GetNote() const { return m_note; }
+    void SetNote(std::wstring value);
+
+    int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
+    static const CClassMetaData& MetaData();
+
+private:
+    std::optional<long> m_count;
+    std::optional<std::wstring> m_note;
+};
+
+// The turns of the repeated choice, read while a new entry finds content of its own.
+class CEntryCol : public CXmlCollection {
+public:
+    CEntryCol();
+    CEntry* Add();
+    CEntry* GetEntry(int index) const { return static_cast<CEntry*>(Item(index)); }
+
+    void ToXml_Int(CXmlWriter* writer, bool isRoot, const wchar_t* namespaceURI,
+                   const CSerializationContext& context, bool flag) const override;
+    CXmlElement* FromXml_Int(CXmlElement* parent, CXmlElement* current, const CSerializationContext& context,
+                             bool flag) override;
+};
+
+// A choice of repeated alternatives: items, two or three colours, or a run of entries.
+class CPalette : public CGroupsClass<CPalette> {
+public:
+    explicit CPalette(const wchar_t* elementName = L"Palette");
+    CItemCol* GetItems() const { return m_items.Get(); }
+    CColourCol* GetColours() const { return m_colours.Get(); }
+    CEntryCol* GetEntries() const { return m_entries.Get(); }
+
+    int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
+    static const CClassMetaData& MetaData();
+
+private:
+    void Reset();
+    CSmartPtr<CItemCol> m_items;
+    CSmartPtr<CColourCol> m_colours;
+    CSmartPtr<CEntryCol> m_entries;
+};
+
+// The Stamp group with its attribute group: "by" stands among the parent's children, "signed" on
+// the parent's element.
+class CStamp : public CGroupsClass<CStamp> {
+public:
+    explicit CStamp(const wchar_t* elementName = L"Stamp");
+    const std::wstring& GetBy() const { return m_by; }
+    void SetBy(std::wstring value) { m_by = std::move(value); }
+    bool GetSigned() const { return m_signed; }
+    void SetSigned(bool value) { m_signed = value; }
+
+    int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
+    static const CClassMetaData& MetaData();
+
+private:
+    std::wstring m_by;
+    bool m_signed = false;
+};
+
+class CLabel : public CGroupsClass<CLabel> {
+public:
+    explicit CLabel(const wchar_t* elementName = L"Label");
+    const std::wstring& GetText() const { return m_text; }
+    void SetText(std::wstring value) { m_text = std::move(value); }
+    CStamp* GetStamp() const { return m_stamp.Get(); }
+
+    int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
+    static const CClassMetaData& MetaData();
+
+private:
+    std::wstring m_text;
+    CSmartPtr<CStamp> m_stamp;
 };
 
 // An all group: members in any order; mandatory class members always exist.
@@ -196,6 +302,10 @@ public:
     void SetMain(CShape* value);
     CShape* GetAlt() const { return m_alt.Get(); }
     void SetAlt(CShape* value);
+    CShapeCol* GetFigures() const { return m_figures.Get(); }
+    TXmlClassCollection<CPalette>* GetPalettes() const { return m_palettes.Get(); }
+    CLabel* GetLabel() const { return m_label.Get(); }
+    void SetLabel(CLabel* value);
 
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
     void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
@@ -207,6 +317,34 @@ private:
     CSmartPtr<CBag> m_bag;
     CSmartPtr<CShape> m_main;
     CSmartPtr<CShape> m_alt;
+    CSmartPtr<CShapeCol> m_figures;
+    CSmartPtr<TXmlClassCollection<CPalette>> m_palettes;
+    CSmartPtr<CLabel> m_label;
+};
+
+// An all group whose members repeat. XML Schema 1.0 allows no xs:all member more than once, so this
+// type is not in groups.xsd: only our loader reads it. Repeated all members never count as found and
+// are held to their counts only when written.
+class CCrate : public CGroupsClass<CCrate> {
+public:
+    explicit CCrate(const wchar_t* elementName = L"crate");
+    CItemCol* GetItems() const { return m_items.Get(); }
+    CShapeCol* GetShapes() const { return m_shapes.Get(); }
+    Ci4Col* GetCounts() const { return m_counts.Get(); }
+    CPickCol* GetPicks() const { return m_picks.Get(); }
+    CElementCol* GetExtras() const { return m_extras.Get(); }
+
+    int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
+    static const CClassMetaData& MetaData();
+
+private:
+    void Reset();
+    CSmartPtr<CItemCol> m_items;
+    CSmartPtr<CShapeCol> m_shapes;
+    CSmartPtr<Ci4Col> m_counts;
+    CSmartPtr<CPickCol> m_picks;
+    CSmartPtr<CElementCol> m_extras;
 };
 
 } // namespace GroupsSchema
