@@ -2,6 +2,8 @@
 // written back. Each phase is timed against the bare work it cannot avoid, measured in the same run:
 // reading against converting the same texts into a plain vector, writing against converting the
 // values to text and writing them through the same writer without a collection.
+#include "BenchTiming.h"
+
 #include <QxXmlLib16/Conversions.h>
 #include <QxXmlLib16/SmartPtr.h>
 #include <QxXmlLib16/TextStream.h>
@@ -22,20 +24,7 @@ using namespace QxXmlLib16;
 namespace {
 
 constexpr int kValues = 100000;
-constexpr int kRuns = 5;
 const CSerializationContext& kContext = CSerializationContext::m_defaultContext;
-
-template <typename Action>
-double MedianSeconds(Action action) {
-    std::vector<double> times;
-    for (int i = 0; i < kRuns; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        action();
-        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(times.begin(), times.end());
-    return times[kRuns / 2];
-}
 
 void Report(const char* name, double measured, double reference) {
     std::printf("%-44s %8.3f s  reference %8.3f s  ratio %5.2f\n", name, measured, reference,

@@ -2,6 +2,8 @@
 // Each phase runs over one million values; the median of several runs is reported, and the ratios
 // compare phases measured in this same run.
 
+#include "BenchTiming.h"
+
 #include <QxXmlLib16/Conversions.h>
 #include <QxXmlLib16/DateTime.h>
 #include <QxXmlLib16/DateTimeSpan.h>
@@ -21,22 +23,9 @@ using namespace QxXmlLib16;
 namespace {
 
 const int kValues = 1000000;
-const int kRuns = 5;
 const auto kRule = CWhitespaceUtils::wsCollapse; // what schema numbers and dates use
 
 // Keeps results observable so that no phase is optimised away.
-volatile double g_sink;
-
-double MedianSeconds(const std::function<double()>& phase) {
-    std::vector<double> times;
-    for (int run = 0; run < kRuns; ++run) {
-        auto start = std::chrono::steady_clock::now();
-        g_sink = phase();
-        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(times.begin(), times.end());
-    return times[kRuns / 2];
-}
 
 // A small deterministic generator, so that every run sees the same inputs.
 struct Random {
@@ -186,7 +175,7 @@ int main() {
         return C::durationToString(C::durationFromString(t, kRule));
     });
 
-    std::printf("%d values per phase, median of %d runs\n", kValues, kRuns);
+    std::printf("%d values per phase, median of %d runs\n", kValues, kBenchRuns);
     Report("wcstol", cI4From, cI4From, "wcstol");
     Report("i4FromString", i4From, cI4From, "wcstol");
     Report("swprintf %ld", cI4To, cI4To, "swprintf");

@@ -2,6 +2,8 @@
 // Reference, measured in the same run: wcstod + swprintf("%.16g"). Prints the median of 5 runs
 // of each and their ratio.
 
+#include "BenchTiming.h"
+
 #include <QxXmlLib16/Decimal.h>
 
 #include <algorithm>
@@ -30,18 +32,6 @@ std::vector<std::wstring> MakeInputs(std::size_t count) {
         inputs.emplace_back(buffer);
     }
     return inputs;
-}
-
-template <typename Body>
-double MedianSeconds(Body body) {
-    std::vector<double> runs;
-    for (int run = 0; run < 5; ++run) {
-        const auto start = std::chrono::steady_clock::now();
-        body();
-        runs.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(runs.begin(), runs.end());
-    return runs[2];
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // Hot paths of the foundation on 50 MB of text, each against a plain reference measured in the same
 // run: appending text to a CStringBuffer against std::wstring, encoding with CEncoder against a
 // naive per-character encoder, and appending octets to a CBinaryData against std::vector.
+#include "BenchTiming.h"
+
 #include <QxXmlLib16/BinaryData.h>
 #include <QxXmlLib16/Encoder.h>
 #include <QxXmlLib16/StringBuffer.h>
@@ -16,19 +18,6 @@ using namespace QxXmlLib16;
 namespace {
 
 constexpr size_t kCharacters = 50u << 20;
-constexpr int kRuns = 5;
-
-template <typename Action>
-double MedianSeconds(Action action) {
-    std::vector<double> times;
-    for (int i = 0; i < kRuns; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        action();
-        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(times.begin(), times.end());
-    return times[kRuns / 2];
-}
 
 void Report(const char* name, double measured, double reference) {
     std::printf("%-44s %8.3f s  reference %8.3f s  ratio %5.2f\n", name, measured, reference,

@@ -2,6 +2,8 @@
 // inclusive bounds, every count an i4 with bounds and totalDigits. Bounds are text and are converted on
 // each check, so each check is timed against converting the value itself from text, which the load
 // does anyway, measured in the same run.
+#include "BenchTiming.h"
+
 #include <QxXmlLib16/Conversions.h>
 #include <QxXmlLib16/Decimal.h>
 #include <QxXmlLib16/PrimitiveRestrictions.h>
@@ -18,20 +20,7 @@ using namespace QxXmlLib16;
 namespace {
 
 constexpr int kValues = 400000; // two coordinates per point of a 50 MB track
-constexpr int kRuns = 5;
 const auto kCollapse = CWhitespaceUtils::wsCollapse;
-
-template <typename Action>
-double MedianSeconds(Action action) {
-    std::vector<double> times;
-    for (int i = 0; i < kRuns; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        action();
-        times.push_back(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
-    }
-    std::sort(times.begin(), times.end());
-    return times[kRuns / 2];
-}
 
 void Report(const char* name, double measured, double reference) {
     std::printf("%-44s %8.3f s  reference %8.3f s  ratio %5.2f\n", name, measured, reference,

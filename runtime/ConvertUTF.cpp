@@ -1,4 +1,7 @@
 #include <QxXmlLib16/ConvertUTF.h>
+#include <QxXmlLib16/StringBuffer.h>
+
+#include "internal/TextEncoding.h"
 
 #include <algorithm>
 
@@ -295,9 +298,85 @@ Boolean IsLegalUTF8Sequence(const UTF8* source, const UTF8* sourceEnd) {
     return IsLegalUTF8(source, length);
 }
 
+namespace {
+// The lenient UTF-32 to UTF-8 conversion, written out for speed: runs of ASCII are copied in a tight
+// loop, and a high surrogate followed by a low one (as the parser's 16-bit units arrive, one wide
+// character each) is joined into the character they encode. Any other surrogate, and any value
+// above U+10FFFF, becomes U+FFFD. Stops before a character that does not fit.
+template <bool Counting>
+size_t EncodeUtf8(const wchar_t* source, size_t length, UTF8* target, size_t capacity) {
+    const wchar_t* end = source + length;
+    size_t out = 0;
+    while (source < end) {
+        const size_t room = Counting ? static_cast<size_t>(end - source) : capacity - out;
+        const size_t limit = std::min(room, static_cast<size_t>(end - source));
+        size_t ascii = 0;
+        while (ascii < limit && static_cast<UTF32>(source[ascii]) < 0x80) {
+            if (!Counting) target[out + ascii] = static_cast<UTF8>(source[ascii]);
+            ++ascii;
+        }
+        out += ascii;
+        source += ascii;
+        if (source == end || (!Counting && ascii == room)) break;
+
+        UTF32 ch = static_cast<UTF32>(*source);
+        size_t consumed = 1;
+        if (IsHighSurrogate(ch) && end - source > 1 && IsLowSurrogate(static_cast<UTF32>(source[1]))) {
+            ch = ((ch - kHighSurrogateStart) << 10) + (static_cast<UTF32>(source[1]) - kLowSurrogateStart) +
+                 0x10000;
+            consumed = 2;
+        } else if (IsSurrogate(ch) || ch > kMaxLegalUtf32) {
+            ch = kReplacementChar;
+        }
+        const size_t bytes = ch < 0x800 ? 2 : ch < 0x10000 ? 3 : 4;
+        if (!Counting) {
+            if (capacity - out < bytes) break;
+            for (size_t i = bytes - 1; i > 0; --i) {
+                target[out + i] = static_cast<UTF8>((ch & 0x3F) | 0x80);
+                ch >>= 6;
+            }
+            target[out] = static_cast<UTF8>(ch | kFirstByteMark[bytes]);
+        }
+        out += bytes;
+        source += consumed;
+    }
+    return out;
+}
+} // namespace
+
 size_t UnicodeToUTF8(const wchar_t* source, size_t length, unsigned char* target, size_t capacity) {
-    return ConvertLeniently(reinterpret_cast<const UTF32*>(source), length, target, capacity,
-                            ConvertUTF32toUTF8);
+    return target ? EncodeUtf8<false>(source, length, target, capacity)
+                  : EncodeUtf8<true>(source, length, nullptr, 0);
+}
+
+size_t QxXmlLib16::internal::BlocksToUTF8(const CStringBuffer& text, unsigned char* target, size_t capacity) {
+    size_t out = 0;
+    auto encode = [&](const wchar_t* piece, size_t length) {
+        out += UnicodeToUTF8(piece, length, target ? target + out : nullptr, capacity - out);
+    };
+    // A high surrogate that ends a block waits for the first character of the next one.
+    wchar_t pair[2];
+    bool pending = false;
+    text.VisitBlocks([&](const wchar_t* piece, size_t length) {
+        if (length == 0) return;
+        if (pending) {
+            pending = false;
+            if (IsLowSurrogate(static_cast<UTF32>(*piece))) {
+                pair[1] = *piece++;
+                --length;
+                encode(pair, 2);
+            } else {
+                encode(pair, 1);
+            }
+        }
+        if (length > 0 && IsHighSurrogate(static_cast<UTF32>(piece[length - 1]))) {
+            pair[0] = piece[--length];
+            pending = true;
+        }
+        encode(piece, length);
+    });
+    if (pending) encode(pair, 1);
+    return out;
 }
 
 size_t UTF8ToUnicode(const unsigned char* source, size_t length, wchar_t* target, size_t capacity) {

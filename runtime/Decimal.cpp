@@ -340,9 +340,33 @@ CDecimal& CDecimal::operator/=(const CDecimal& other) {
     return *this = *this / other;
 }
 
+namespace {
+
+// The k-th digit after the point (k from 1) of a fraction kept to divider places.
+wchar_t FractionDigit(const CBigInteger::Digits& fraction, int divider, int k) {
+    const int i = divider - k;
+    return i >= 0 && i < static_cast<int>(fraction.size()) ? fraction[static_cast<std::size_t>(i)] : 0;
+}
+
+} // namespace
+
+// Digit by digit, without scaling copies: facet checks compare every loaded value.
 int CDecimal::CompareTo(const CDecimal& other) const {
-    const int divider = std::max(m_divider, other.m_divider);
-    return Scaled(*this, divider).CompareTo(Scaled(other, divider));
+    const auto signOf = [](const CDecimal& d) {
+        return d.m_integer.IsZero() && d.m_fraction.IsZero() ? 0 : d.m_integer.GetSign();
+    };
+    const int sign = signOf(*this);
+    const int otherSign = signOf(other);
+    if (sign != otherSign) return sign < otherSign ? -1 : 1;
+    if (sign == 0) return 0;
+    if (const int integers = CBigInteger::Compare(m_integer.m_digits, other.m_integer.m_digits))
+        return sign * integers;
+    for (int k = 1, end = std::max(m_divider, other.m_divider); k <= end; ++k) {
+        const wchar_t digit = FractionDigit(m_fraction.m_digits, m_divider, k);
+        const wchar_t otherDigit = FractionDigit(other.m_fraction.m_digits, other.m_divider, k);
+        if (digit != otherDigit) return digit < otherDigit ? -sign : sign;
+    }
+    return 0;
 }
 
 CDecimal& CDecimal::operator++() {

@@ -5,6 +5,7 @@
 #include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/TextStream.h>
+#include <QxXmlLib16/WhitespaceUtils.h>
 #include <QxXmlLib16/XmlAttribute.h>
 #include <QxXmlLib16/XmlDocument.h>
 #include <QxXmlLib16/XmlElement.h>
@@ -13,6 +14,7 @@
 
 #include "internal/WildcardRules.h"
 
+#include <algorithm>
 #include <cwchar>
 
 namespace QxXmlLib16 {
@@ -80,8 +82,9 @@ void CElement::Init(const wchar_t* name, const wchar_t* namespaceURI, const wcha
         throw CQxInvalidNamespaceException(L"Target Namespace must have a value", std::wstring());
     const wchar_t* ownNamespace = OrEmpty(namespaceURI);
     CXmlObjectHelper::TestNamespace(ownNamespace, namespaceRule, targetNamespace);
-    m_attributes = new CAttributeCol(ownNamespace, L"##any", targetNamespace);
-    m_elements = new CElementCol(ownNamespace, L"##any", targetNamespace, 0, -1);
+    m_attributes = nullptr;
+    m_elements = nullptr;
+    m_restricted = false;
     m_name = name;
     SetElementName(name);
     m_text.clear();
@@ -89,6 +92,25 @@ void CElement::Init(const wchar_t* name, const wchar_t* namespaceURI, const wcha
     m_namespaceRule = namespaceRule;
     m_targetNamespace = targetNamespace;
     m_defaultNamespace.clear();
+}
+
+const std::wstring& CElement::CollectionRule() const {
+    static const std::wstring any = L"##any";
+    return m_restricted ? m_namespaceRule : any;
+}
+
+CAttributeCol* CElement::GetAttributes() const {
+    if (!m_attributes)
+        m_attributes =
+            new CAttributeCol(m_namespace.c_str(), CollectionRule().c_str(), m_targetNamespace.c_str());
+    return m_attributes.Get();
+}
+
+CElementCol* CElement::GetElements() const {
+    if (!m_elements)
+        m_elements =
+            new CElementCol(m_namespace.c_str(), CollectionRule().c_str(), m_targetNamespace.c_str(), 0, -1);
+    return m_elements.Get();
 }
 
 void CElement::SetNamespace(const wchar_t* namespaceURI) {
@@ -108,21 +130,27 @@ void CElement::SetNamespaceRestrictions(const wchar_t* namespaceRule, const wcha
 
 void CElement::CheckNamespaces(const std::wstring& namespaceRule, const std::wstring& targetNamespace) const {
     internal::CheckNamespaceFits(m_namespace, m_name, namespaceRule, targetNamespace);
-    m_attributes->CheckNamespaces(namespaceRule, targetNamespace);
-    for (const CElement* child : *m_elements)
-        child->CheckNamespaces(namespaceRule, targetNamespace);
+    if (m_attributes) m_attributes->CheckNamespaces(namespaceRule, targetNamespace);
+    if (m_elements)
+        for (const CElement* child : *m_elements)
+            child->CheckNamespaces(namespaceRule, targetNamespace);
 }
 
 void CElement::ApplyNamespaceRestrictions(const std::wstring& namespaceRule,
                                           const std::wstring& targetNamespace) {
     m_namespaceRule = namespaceRule;
     m_targetNamespace = targetNamespace;
-    m_attributes->m_namespaceRule = namespaceRule;
-    m_attributes->m_targetNamespace = targetNamespace;
-    m_elements->m_namespaceRule = namespaceRule;
-    m_elements->m_targetNamespace = targetNamespace;
-    for (CElement* child : *m_elements)
-        child->ApplyNamespaceRestrictions(namespaceRule, targetNamespace);
+    m_restricted = true;
+    if (m_attributes) {
+        m_attributes->m_namespaceRule = namespaceRule;
+        m_attributes->m_targetNamespace = targetNamespace;
+    }
+    if (m_elements) {
+        m_elements->m_namespaceRule = namespaceRule;
+        m_elements->m_targetNamespace = targetNamespace;
+        for (CElement* child : *m_elements)
+            child->ApplyNamespaceRestrictions(namespaceRule, targetNamespace);
+    }
 }
 
 // ---- Copying -----------------------------------------------------------------------------------
@@ -134,17 +162,18 @@ void CElement::CopyXmlElement(CXmlElement* element) {
     m_namespace = element->GetNamespaceURI();
     m_text = element->GetText();
     m_defaultNamespace.clear();
-    m_attributes->Clear();
-    m_elements->Clear();
+    // Emptied rather than dropped: a caller may hold them.
+    if (m_attributes) m_attributes->Clear();
+    if (m_elements) m_elements->Clear();
     for (const CXmlAttribute* attribute : element->GetAttributes()) {
-        m_attributes->Append(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
-                             attribute->GetNamespaceURI().c_str());
+        GetAttributes()->Append(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+                                attribute->GetNamespaceURI().c_str());
         if (attribute->GetLocalName() == L"xmlns") m_defaultNamespace = attribute->GetValue();
     }
     for (CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement()) {
         const CSmartPtr<CElement> copy(new CElement(child->GetLocalName().c_str()));
         copy->CopyXmlElement(child);
-        m_elements->Add(copy.Get());
+        GetElements()->Add(copy.Get());
     }
 }
 
@@ -155,8 +184,9 @@ CElement* CElement::Clone() const {
         copy->m_namespace = m_namespace;
         copy->m_namespaceRule = m_namespaceRule;
         copy->m_targetNamespace = m_targetNamespace;
-        copy->m_attributes = m_attributes->Clone();
-        copy->m_elements = m_elements->Clone();
+        copy->m_restricted = m_restricted;
+        if (m_attributes) copy->m_attributes = m_attributes->Clone();
+        if (m_elements) copy->m_elements = m_elements->Clone();
         copy->m_defaultNamespace = m_defaultNamespace;
     } catch (...) {
         delete copy;
@@ -167,6 +197,14 @@ CElement* CElement::Clone() const {
 
 // ---- Writing -----------------------------------------------------------------------------------
 
+// Whitespace between child elements is the source's indentation. A formatting writer indents on its
+// own; written as well, it would grow by one layer with every load and formatted write.
+bool CElement::IsIndentation(CXmlWriter* writer) const {
+    const auto* textWriter = dynamic_cast<CXmlTextWriter*>(writer);
+    return textWriter && textWriter->GetFormat() && m_elements && m_elements->GetCount() > 0 &&
+           std::all_of(m_text.begin(), m_text.end(), CWhitespaceUtils::IsWhiteSpace);
+}
+
 void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerializationContext& context,
                          bool flag) const {
     if (!m_defaultNamespace.empty() && dynamic_cast<CXmlTextWriter*>(writer)) {
@@ -174,9 +212,9 @@ void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerial
         return;
     }
     writer->WriteStartElement(m_name, m_namespace);
-    m_attributes->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
-    m_elements->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
-    writer->WriteString(m_text, itString, false);
+    if (m_attributes) m_attributes->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
+    if (m_elements) m_elements->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
+    if (!IsIndentation(writer)) writer->WriteString(m_text, itString, false);
     writer->WriteEndElement();
 }
 
@@ -194,8 +232,8 @@ void CElement::WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializatio
     innerContext.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
     inner.Open();
     inner.WriteStartElement(m_name, m_namespace);
-    m_elements->ToXml_Int(&inner, false, m_namespace.c_str(), innerContext, flag);
-    inner.WriteString(m_text, itString, false);
+    if (m_elements) m_elements->ToXml_Int(&inner, false, m_namespace.c_str(), innerContext, flag);
+    if (!IsIndentation(&inner)) inner.WriteString(m_text, itString, false);
     inner.WriteEndElement();
     inner.Close();
     outer.CloseParentElm();
@@ -210,10 +248,12 @@ CXmlElement* CElement::FromXml_Int(CXmlElement* parent, CXmlElement* element,
     if (!element ||
         !CXmlObjectHelper::IsNamespaceValid(element->GetNamespaceURI(), m_namespaceRule, m_targetNamespace))
         return element;
-    m_attributes->Clear();
-    m_elements->Clear();
-    m_attributes->FromXml_Int(element, element, context, flag);
-    if (m_elements->FromXml_Int(element, element->GetFirstElement(), context, flag))
+    // Emptied rather than dropped: a caller may hold them.
+    if (m_attributes) m_attributes->Clear();
+    if (m_elements) m_elements->Clear();
+    if (!element->GetAttributes().empty()) GetAttributes()->FromXml_Int(element, element, context, flag);
+    CXmlElement* firstChild = element->GetFirstElement();
+    if (firstChild && GetElements()->FromXml_Int(element, firstChild, context, flag))
         throw CQxValidationException(
             FormatString(L"Invalid Element [%ls] found.", element->GetLocalName().c_str()),
             element->GetXPath());

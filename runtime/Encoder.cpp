@@ -38,33 +38,48 @@ CBinaryData EncodeUtf8(const wchar_t* text, size_t length) {
     return Adopt(bytes, needed);
 }
 
-CBinaryData EncodeUtf16Units(const wchar_t* text, size_t length) {
-    unsigned char* units = AllocateBytes(length * 2);
+void PutUtf16Units(const wchar_t* text, size_t length, unsigned char* units) {
     for (size_t i = 0; i < length; ++i) {
         units[2 * i] = static_cast<unsigned char>(text[i]);
         units[2 * i + 1] = static_cast<unsigned char>(text[i] >> 8);
     }
-    return Adopt(units, length * 2);
 }
 
-CBinaryData CopyWideOctets(const wchar_t* text, size_t length) {
-    unsigned char* bytes = AllocateBytes(length * sizeof(wchar_t));
+void PutWideOctets(const wchar_t* text, size_t length, unsigned char* bytes) {
     std::memcpy(bytes, text, length * sizeof(wchar_t));
-    return Adopt(bytes, length * sizeof(wchar_t));
+}
+
+// The fixed-width encodings: each character takes the same number of bytes.
+template <typename Put>
+CBinaryData EncodeFixed(const CStringBuffer& text, size_t unitBytes, Put put) {
+    const size_t length = text.GetLength();
+    unsigned char* bytes = AllocateBytes(length * unitBytes);
+    size_t done = 0;
+    text.VisitBlocks([&](const wchar_t* block, size_t blockLength) {
+        put(block, blockLength, bytes + done * unitBytes);
+        done += blockLength;
+    });
+    return Adopt(bytes, length * unitBytes);
 }
 
 } // namespace
 
 namespace internal {
 
-CBinaryData EncodeText(const wchar_t* text, size_t length, XmlEncoding encoding) {
+CBinaryData EncodeText(const CStringBuffer& text, XmlEncoding encoding) {
+    const bool empty = text.GetLength() == 0;
     switch (encoding) {
-    case encUTF8:
-        return length ? EncodeUtf8(text, length) : CBinaryData();
+    case encUTF8: {
+        if (empty) return CBinaryData();
+        const size_t needed = BlocksToUTF8(text, nullptr, 0);
+        unsigned char* bytes = AllocateBytes(needed);
+        BlocksToUTF8(text, bytes, needed);
+        return Adopt(bytes, needed);
+    }
     case encUTF16:
-        return length ? EncodeUtf16Units(text, length) : CBinaryData();
+        return empty ? CBinaryData() : EncodeFixed(text, 2, PutUtf16Units);
     case encUTF32:
-        return length ? CopyWideOctets(text, length) : CBinaryData();
+        return empty ? CBinaryData() : EncodeFixed(text, sizeof(wchar_t), PutWideOctets);
     }
     throw CQxException(L"Unknown Encoding, select UTF-8 (contact our support team)");
 }
@@ -86,7 +101,8 @@ std::wstring CEncoder::Utf16ToUnicode(const unsigned char* bytes, int length) {
 }
 
 CBinaryData CEncoder::UnicodeToUtf8Binary(const wchar_t* text) {
-    return text ? internal::EncodeText(text, std::wcslen(text), encUTF8) : CBinaryData();
+    const size_t length = text ? std::wcslen(text) : 0;
+    return length ? EncodeUtf8(text, length) : CBinaryData();
 }
 
 } // namespace QxXmlLib16

@@ -9,7 +9,6 @@
 
 #include <expat.h>
 
-#include <climits>
 #include <new>
 
 static_assert(sizeof(XML_Char) == sizeof(unsigned short), "the library is built against expat's 16-bit API");
@@ -19,6 +18,7 @@ namespace QxXmlLib16 {
 namespace {
 const unsigned long kScratchBytes = 1024;
 const unsigned short kNameSeparator = '|';
+const unsigned long kParseChunk = 256 * 1024;
 
 // The wide build of the headers can be paired with an 8-bit library at run time; only the library
 // itself can tell.
@@ -102,13 +102,14 @@ void CExpatReader::Parse(bool isFinal) {
 void CExpatReader::Parse(const unsigned char* data, unsigned long length, bool isFinal) {
     if (!m_parser) CreateParser();
     m_callbackError = nullptr;
-    // The parser counts bytes in an int; larger inputs go in pieces.
-    const unsigned long maxChunk = INT_MAX / 2;
+    // Expat copies whatever it is given into a buffer of its own; pieces keep that copy small
+    // (events, errors and line numbers are the same as for one call).
     do {
-        const unsigned long chunk = length < maxChunk ? length : maxChunk;
+        const unsigned long chunk = length < kParseChunk ? length : kParseChunk;
         const bool last = isFinal && chunk == length;
         const XML_Status status =
             XML_Parse(m_parser, reinterpret_cast<const char*>(data), static_cast<int>(chunk), last);
+        if (m_callbackError || status != XML_STATUS_OK) FlushPendingText();
         if (m_callbackError) {
             Cleanup();
             FreeParser();
@@ -173,7 +174,7 @@ void CExpatReader::StartElement(const unsigned short* name, const unsigned short
     while (attributes[2 * count])
         ++count;
     if (count == 0) return;
-    element->m_attributes.reserve(count);
+    element->ReserveAttributes(count);
     for (size_t i = 0; i < count; ++i) {
         const SplitName attributeName = Split(attributes[2 * i]);
         CXmlAttribute* attribute =
@@ -191,8 +192,37 @@ void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
     Guarded(userData, [&](CExpatReader& reader) { reader.StartElement(name, attributes); });
 }
 
+std::wstring& CExpatReader::PendingText() {
+    const size_t depth = m_document.m_openElements.size();
+    if (m_pendingText.size() < depth) m_pendingText.resize(depth);
+    return m_pendingText[depth - 1];
+}
+
+void CExpatReader::FlushPendingText() {
+    const std::vector<CXmlElement*>& open = m_document.m_openElements;
+    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i) {
+        std::wstring& text = m_pendingText[i];
+        open[i]->AppendText(text.data(), static_cast<int>(text.size()));
+        text.clear();
+    }
+}
+
+void CExpatReader::EndElement() {
+    if (m_document.m_openElements.empty()) return;
+    // A callback may look at the ancestors, so they get their text so far; without one, only the
+    // element that ends needs its text.
+    if (m_document.m_elementComplete) {
+        FlushPendingText();
+    } else {
+        std::wstring& text = PendingText();
+        m_document.m_openElements.back()->AppendText(text.data(), static_cast<int>(text.size()));
+        text.clear();
+    }
+    m_document.EndElement();
+}
+
 void CExpatReader::FnEndElement(void* userData, const unsigned short*) {
-    Guarded(userData, [](CExpatReader& reader) { reader.m_document.EndElement(); });
+    Guarded(userData, [](CExpatReader& reader) { reader.EndElement(); });
 }
 
 void CExpatReader::FnStartNamespace(void* userData, const unsigned short* prefix, const unsigned short* uri) {
@@ -212,21 +242,19 @@ void CExpatReader::FnText(void* userData, const unsigned short* text, int length
         if (reader.m_document.m_openElements.empty() || length <= 0) return;
         size_t count;
         const wchar_t* wide = reader.Widen(text, static_cast<size_t>(length), true, count);
-        reader.m_document.m_openElements.back()->AppendText(wide, static_cast<int>(count));
+        reader.PendingText().append(wide, count);
     });
 }
 
 void CExpatReader::FnStartCDATA(void* userData) {
     Guarded(userData, [](CExpatReader& reader) {
-        if (!reader.m_document.m_openElements.empty())
-            reader.m_document.m_openElements.back()->AppendText(L"<![CDATA[", 9);
+        if (!reader.m_document.m_openElements.empty()) reader.PendingText().append(L"<![CDATA[", 9);
     });
 }
 
 void CExpatReader::FnEndCDATA(void* userData) {
     Guarded(userData, [](CExpatReader& reader) {
-        if (!reader.m_document.m_openElements.empty())
-            reader.m_document.m_openElements.back()->AppendText(L"]]>", 3);
+        if (!reader.m_document.m_openElements.empty()) reader.PendingText().append(L"]]>", 3);
     });
 }
 

@@ -28,9 +28,9 @@ CStringBuffer::~CStringBuffer() {
 
 void CStringBuffer::AddNewBlock() {
     if (m_current) m_blockSizes.back() = m_used;
-    // Zero-filled, with one more character than the block holds, so a single block is always
-    // terminated and GetText can hand it out directly.
-    std::unique_ptr<wchar_t[]> block(new wchar_t[m_blockSize + 1]());
+    // One more character than the block holds, so that GetText can terminate a single block and
+    // hand it out directly. Not zero-filled: only the terminator is ever read past the text.
+    std::unique_ptr<wchar_t[]> block(new wchar_t[m_blockSize + 1]);
     m_blockSizes.push_back(0);
     m_blocks.push_back(block.get());
     m_current = block.release();
@@ -42,7 +42,7 @@ void CStringBuffer::Append(const wchar_t* text) {
     if (text) Append(text, std::wcslen(text));
 }
 
-void CStringBuffer::Append(const wchar_t* text, size_t length) {
+void CStringBuffer::AppendToNewBlocks(const wchar_t* text, size_t length) {
     while (length > 0) {
         if (m_used == m_capacity) AddNewBlock();
         const size_t count = std::min<size_t>(length, m_capacity - m_used);
@@ -67,7 +67,9 @@ void CStringBuffer::SetText(const wchar_t* text) {
 
 const wchar_t* CStringBuffer::GetText() {
     if (m_blocks.empty()) return L"";
-    if (m_blocks.size() > 1) {
+    if (m_blocks.size() == 1) {
+        m_current[m_used] = L'\0';
+    } else {
         m_blockSizes.back() = m_used;
         wchar_t* joined = new wchar_t[m_totalLength + 1];
         wchar_t* end = joined;
@@ -90,7 +92,6 @@ void CStringBuffer::Empty() {
         Clear();
         return;
     }
-    std::wmemset(m_current, L'\0', m_used);
     m_used = 0;
     m_blockSizes.front() = 0;
     m_totalLength = 0;

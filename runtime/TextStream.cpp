@@ -20,8 +20,7 @@ CTextStream::CTextStream(const wchar_t* className, XmlEncoding encoding)
 CTextStream::~CTextStream() = default;
 
 CBinaryData CTextStream::GetEncodedStream() {
-    const unsigned long length = m_buffer.GetLength();
-    return internal::EncodeText(m_buffer.GetText(), length, m_encoding);
+    return internal::EncodeText(m_buffer, m_encoding);
 }
 
 CFileTextStream::CFileTextStream(const wchar_t* fileName, XmlEncoding encoding)

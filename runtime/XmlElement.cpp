@@ -2,13 +2,40 @@
 #include <QxXmlLib16/XmlDocument.h>
 #include <QxXmlLib16/XmlElement.h>
 
+#include "internal/DocumentStore.h"
 #include "internal/NameTable.h"
 #include "internal/NodePool.h"
 
 #include <algorithm>
 #include <cwchar>
+#include <utility>
 
 namespace QxXmlLib16 {
+
+namespace {
+// Side objects of an element (its attribute vector, its own text) live in blocks of the same pool
+// as the element itself.
+template <typename T, typename... Args>
+T* ConstructSideObject(void* block, Args&&... args) {
+    try {
+        return new (block) T(std::forward<Args>(args)...);
+    } catch (...) {
+        internal::CNodePool::Release(block, sizeof(T));
+        throw;
+    }
+}
+
+template <typename T>
+void DeleteSideObject(T* object) {
+    object->~T();
+    internal::CNodePool::Release(object, sizeof(T));
+}
+
+const std::vector<CXmlAttribute*>& NoAttributes() {
+    static const std::vector<CXmlAttribute*> none;
+    return none;
+}
+} // namespace
 
 CXmlElement::CXmlElement(const CXmlDocument* document, const CXmlElement* parent)
     : CXmlElement(document, const_cast<CXmlElement*>(parent), internal::CNameTable::Empty(),
@@ -22,13 +49,19 @@ CXmlElement::CXmlElement(const CXmlDocument* document, CXmlElement* parent, cons
     , m_nextSibling(nullptr)
     , m_firstChild(nullptr)
     , m_lastChild(nullptr)
+    , m_attributes(nullptr)
+    , m_text(reinterpret_cast<std::uintptr_t>(&internal::CNameTable::Empty()))
     , m_namespaceURI(&namespaceURI)
     , m_localName(&localName) {}
 
 CXmlElement::~CXmlElement() {
     DestroyChildren();
-    for (CXmlAttribute* attribute : m_attributes)
-        delete attribute;
+    if (m_attributes) {
+        for (CXmlAttribute* attribute : *m_attributes)
+            delete attribute;
+        DeleteSideObject(m_attributes);
+    }
+    ReleaseText();
 }
 
 // Children are freed through a work list threaded through the sibling links: an element's children
@@ -103,10 +136,22 @@ void CXmlElement::SetNamespace(const std::wstring& namespaceURI) {
     m_namespaceURI = &CXmlDocument::InternName(m_document, namespaceURI.data(), namespaceURI.size());
 }
 
+const std::vector<CXmlAttribute*>& CXmlElement::GetAttributes() const {
+    return m_attributes ? *m_attributes : NoAttributes();
+}
+
+void CXmlElement::ReserveAttributes(size_t count) {
+    if (!m_attributes)
+        m_attributes = ConstructSideObject<std::vector<CXmlAttribute*>>(
+            CXmlDocument::AllocateNode(m_document, sizeof(std::vector<CXmlAttribute*>)));
+    m_attributes->reserve(count);
+}
+
 CXmlAttribute* CXmlElement::NewAttribute(const std::wstring& localName, const std::wstring& namespaceURI) {
-    m_attributes.push_back(nullptr); // room first, so that a failure here leaks nothing
+    if (!m_attributes) ReserveAttributes(1);
+    m_attributes->push_back(nullptr); // room first, so that a failure here leaks nothing
     CXmlAttribute* attribute = new (m_document) CXmlAttribute(this, localName, namespaceURI);
-    m_attributes.back() = attribute;
+    m_attributes->back() = attribute;
     return attribute;
 }
 
@@ -118,12 +163,40 @@ void CXmlElement::AddAttribute(const std::wstring& localName, const std::wstring
     attribute->m_value = value;
 }
 
+void CXmlElement::ReleaseText() {
+    if (m_text & kOwnedText) DeleteSideObject(const_cast<std::wstring*>(&GetText()));
+    m_text = reinterpret_cast<std::uintptr_t>(&internal::CNameTable::Empty());
+}
+
+void CXmlElement::SetText(const wchar_t* text, size_t length) {
+    if (m_document && internal::CDocumentStore::IsShared(text, length)) {
+        const std::wstring& shared = m_document->m_store->texts.Intern(text, length);
+        ReleaseText();
+        m_text = reinterpret_cast<std::uintptr_t>(&shared);
+    } else if (m_text & kOwnedText) {
+        const_cast<std::wstring&>(GetText()).assign(text, length);
+    } else {
+        m_text = reinterpret_cast<std::uintptr_t>(ConstructSideObject<std::wstring>(
+                     CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)), text, length)) |
+                 kOwnedText;
+    }
+}
+
 void CXmlElement::AppendText(const wchar_t* text, int length) {
     if (length <= 0) return;
-    const size_t needed = m_text.size() + static_cast<size_t>(length);
-    if (!m_text.empty() && needed > m_text.capacity())
-        m_text.reserve(std::max(2 * m_text.capacity(), needed));
-    m_text.append(text, static_cast<size_t>(length));
+    const std::wstring& current = GetText();
+    if (current.empty()) return SetText(text, static_cast<size_t>(length));
+    if (!(m_text & kOwnedText)) {
+        // Shared text is never changed in place: the joined text is stored anew.
+        std::wstring joined;
+        joined.reserve(current.size() + static_cast<size_t>(length));
+        joined.append(current).append(text, static_cast<size_t>(length));
+        return SetText(joined.data(), joined.size());
+    }
+    std::wstring& own = const_cast<std::wstring&>(current);
+    const size_t needed = own.size() + static_cast<size_t>(length);
+    if (needed > own.capacity()) own.reserve(std::max(2 * own.capacity(), needed));
+    own.append(text, static_cast<size_t>(length));
 }
 
 void CXmlElement::AppendText(const wchar_t* text) {
@@ -132,7 +205,7 @@ void CXmlElement::AppendText(const wchar_t* text) {
 
 const std::wstring& CXmlElement::GetAttribute(const std::wstring& localName,
                                               const std::wstring& namespaceURI) const {
-    for (const CXmlAttribute* attribute : m_attributes) {
+    for (const CXmlAttribute* attribute : GetAttributes()) {
         if (attribute->GetLocalName() == localName && attribute->GetNamespaceURI() == namespaceURI)
             return attribute->GetValue();
     }

@@ -351,11 +351,13 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
         if (!context.GetIgnoreUnknownElements()) ThrowLeftover(element, current);
         current = current->GetNextSiblingElement();
     }
+    const bool reportMissing = !context.GetIgnoreMissingMandatoryElements();
     for (size_t i = 0; i < count; ++i) {
         // Collections are held to their counts by the collection itself, not here.
         QxVariant value;
         infos[i]->ReadProperty(this, value);
-        if (value.GetItemType() != itXmlCollection) infos[i]->Validate(context, this, found.Get(i), true);
+        if (value.GetItemType() != itXmlCollection)
+            infos[i]->Validate(context, this, found.Get(i), reportMissing);
     }
     return current;
 }

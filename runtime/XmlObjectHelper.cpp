@@ -16,6 +16,7 @@
 
 #include <string_view>
 #include <type_traits>
+#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -103,12 +104,36 @@ const BoundFacet kBoundFacets[] = {
     {&R::m_maxExclusive, orderGreater | orderEqual},
 };
 
+// Bounds are text and every loaded value is checked against them, while a schema has only a few
+// distinct bounds per type: each thread keeps the last ones it parsed, keyed by parser and text.
+template <class T>
+const T& ParsedBound(const std::wstring& text, Parser<T> parse) {
+    struct Entry {
+        Parser<T> parse;
+        std::wstring text;
+        T value;
+    };
+    constexpr std::size_t kCapacity = 16;
+    thread_local std::vector<Entry> cache;
+    thread_local std::size_t nextVictim = 0;
+    for (const Entry& entry : cache)
+        if (entry.parse == parse && entry.text == text) return entry.value;
+    Entry entry{parse, text, parse(text, CWhitespaceUtils::wsCollapse)};
+    if (cache.size() < kCapacity) {
+        cache.push_back(std::move(entry));
+        return cache.back().value;
+    }
+    Entry& victim = cache[nextVictim];
+    nextVictim = (nextVictim + 1) % kCapacity;
+    victim = std::move(entry);
+    return victim.value;
+}
+
 template <class T>
 bool BoundsHold(const T& value, const R& restrictions, Parser<T> parse) {
     for (const BoundFacet& facet : kBoundFacets) {
         const std::wstring& bound = restrictions.*facet.bound;
-        if (R::IsPresent(bound) &&
-            (OrderOf(value, parse(bound, CWhitespaceUtils::wsCollapse)) & facet.forbidden))
+        if (R::IsPresent(bound) && (OrderOf(value, ParsedBound<T>(bound, parse)) & facet.forbidden))
             return false;
     }
     return true;

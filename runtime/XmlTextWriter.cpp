@@ -55,6 +55,7 @@ void CXmlTextWriter::SetEOLType(EOLType type) {
 
 void CXmlTextWriter::SetIndentChars(const wchar_t* indent) {
     m_indentChars = indent ? indent : L"";
+    m_indentRun.clear();
 }
 
 void CXmlTextWriter::FlushIfFull() {
@@ -66,8 +67,10 @@ void CXmlTextWriter::WriteEol() {
 }
 
 void CXmlTextWriter::WriteIndent(int depth) {
-    for (int i = 0; i < depth; ++i)
-        m_stream.Append(m_indentChars);
+    const size_t length = static_cast<size_t>(depth) * m_indentChars.size();
+    while (m_indentRun.size() < length)
+        m_indentRun += m_indentChars;
+    m_stream.Append(m_indentRun.data(), length);
 }
 
 void CXmlTextWriter::PadAndAppend(const wchar_t* text, bool inAttribute) {
@@ -188,17 +191,23 @@ void CXmlTextWriter::WriteStartElement(const std::wstring& localName, const std:
     CloseParentElm();
     m_rootStarted = true;
     CXmlWriterContext& context = PushContext(localName, namespaceURI);
+    const size_t depth = static_cast<size_t>(context.GetDepth());
     if (m_format) WriteIndent(context.GetDepth());
-    m_stream.Append(L'<');
+    if (m_endTags.size() <= depth) m_endTags.resize(depth + 1);
+    std::wstring& endTag = m_endTags[depth];
+    endTag.assign(L"</", 2);
     const std::wstring* newPrefix = nullptr;
     if (!namespaceURI.empty() && namespaceURI != context.GetDefaultNamespace()) {
         bool isNew;
         const std::wstring& prefix = PrefixFor(context, namespaceURI, isNew);
         if (isNew) newPrefix = &prefix;
-        m_stream.Append(prefix);
-        m_stream.Append(L':');
+        endTag += prefix;
+        endTag += L':';
     }
-    m_stream.Append(localName);
+    endTag += localName;
+    endTag += L'>';
+    m_stream.Append(L'<');
+    m_stream.Append(endTag.data() + 2, endTag.size() - 3);
     if (newPrefix) {
         m_stream.Append(L' ');
         WriteDeclaration(*newPrefix, namespaceURI);
@@ -291,14 +300,7 @@ void CXmlTextWriter::WriteEndElement() {
         m_stream.Append(L"/>", 2);
     } else {
         if (m_format && context->GetChildCount() > 0) WriteIndent(context->GetDepth());
-        m_stream.Append(L"</", 2);
-        const std::wstring& namespaceURI = context->GetNamespaceURI();
-        if (!namespaceURI.empty() && namespaceURI != context->GetDefaultNamespace()) {
-            m_stream.Append(context->GetNamespaceMapValue(namespaceURI));
-            m_stream.Append(L':');
-        }
-        m_stream.Append(context->GetLocalName());
-        m_stream.Append(L'>');
+        m_stream.Append(m_endTags[static_cast<size_t>(context->GetDepth())]);
     }
     if (m_format) WriteEol();
     PopContext();

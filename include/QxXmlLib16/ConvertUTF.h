@@ -37,6 +37,8 @@ QX_API Boolean IsLegalUTF8Sequence(const UTF8* source, const UTF8* sourceEnd);
 
 // The library's wrappers, in lenient mode (an illegal sequence becomes U+FFFD and conversion goes
 // on). Each returns the number of units written; with a null target, the number needed.
+// UnicodeToUTF8 joins a high surrogate followed by a low one into the one character they encode,
+// as text read through 16-bit units keeps them as two wide characters.
 QX_API size_t UnicodeToUTF8(const wchar_t* source, size_t length, unsigned char* target, size_t capacity);
 QX_API size_t UTF8ToUnicode(const unsigned char* source, size_t length, wchar_t* target, size_t capacity);
 QX_API size_t UnicodeToUTF16(const wchar_t* source, size_t length, unsigned short* target, size_t capacity);

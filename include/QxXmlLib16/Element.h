@@ -54,8 +54,9 @@ public:
     const std::wstring& GetRestrictionTargetNamespace() const { return m_targetNamespace; }
     // The xmlns value of the element this one was copied from; empty otherwise.
     const std::wstring& GetDefaultNamespace() const { return m_defaultNamespace; }
-    CAttributeCol* GetAttributes() const { return m_attributes.Get(); }
-    CElementCol* GetElements() const { return m_elements.Get(); }
+    // Created on first use: most wildcard elements are leaves without attributes.
+    CAttributeCol* GetAttributes() const;
+    CElementCol* GetElements() const;
 
     // Applies the rule to this element, its attributes and, recursively, its children. Everything is
     // tested first, so a refused rule changes nothing: CQxInvalidNamespaceException "The namespace
@@ -105,16 +106,22 @@ private:
     void CheckNamespaces(const std::wstring& namespaceRule, const std::wstring& targetNamespace) const;
     void ApplyNamespaceRestrictions(const std::wstring& namespaceRule, const std::wstring& targetNamespace);
     void WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializationContext& context, bool flag) const;
+    // True for text that is only the indentation between children, on a writer that indents.
+    bool IsIndentation(CXmlWriter* writer) const;
     void ReadRoot(CXmlElement* root, const CSerializationContext& context);
+
+    // The rule the collections apply: "##any" until SetNamespaceRestrictions.
+    const std::wstring& CollectionRule() const;
 
     std::wstring m_name;
     std::wstring m_text;
     std::wstring m_namespace;
     std::wstring m_namespaceRule;
     std::wstring m_targetNamespace;
-    CSmartPtr<CAttributeCol> m_attributes;
-    CSmartPtr<CElementCol> m_elements;
+    mutable CSmartPtr<CAttributeCol> m_attributes;
+    mutable CSmartPtr<CElementCol> m_elements;
     std::wstring m_defaultNamespace;
+    bool m_restricted = false;
 };
 
 } // namespace QxXmlLib16

@@ -5,6 +5,8 @@
 
 #include <exception>
 #include <memory>
+#include <string>
+#include <vector>
 
 struct XML_ParserStruct;
 
@@ -49,6 +51,11 @@ private:
     // stops at a NUL unit. Sets written to the characters written.
     const wchar_t* Widen(const unsigned short* units, size_t length, bool textMode, size_t& written);
     void StartElement(const unsigned short* name, const unsigned short** attributes);
+    void EndElement();
+    // Text of the element being read, in the buffer of its depth.
+    std::wstring& PendingText();
+    // Hands the text read so far to every open element.
+    void FlushPendingText();
     void FreeParser();
     template <typename Action>
     static void Guarded(void* userData, Action action);
@@ -61,6 +68,10 @@ private:
     std::unique_ptr<wchar_t[]> m_longText;
     size_t m_longTextCapacity;
     std::exception_ptr m_callbackError;
+    // An element's text is stored whole at its end tag, so that the document can share repeated
+    // texts (such as the indentation between children) instead of building each piece by piece.
+    // One buffer per depth, reused from element to element.
+    std::vector<std::wstring> m_pendingText;
 };
 
 } // namespace QxXmlLib16

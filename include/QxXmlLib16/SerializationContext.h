@@ -62,6 +62,8 @@ public:
 
     std::wstring GetDefaultNamespaceURI() const { return m_defaultNamespaceURI; }
     void SetDefaultNamespaceURI(const wchar_t* uri) { m_defaultNamespaceURI = uri ? uri : L""; }
+    // Written verbatim into the root element's start tag, after its attributes (for example
+    // schemaLocation declarations), so it must be text that may stand there.
     std::wstring GetInLineSchema() const { return m_inLineSchema; }
     void SetInLineSchema(const wchar_t* schema) { m_inLineSchema = schema ? schema : L""; }
     std::wstring GetIndentChars() const { return m_indentChars; }
@@ -70,6 +72,7 @@ public:
 
     CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
     const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+    // Complete markup ("<?target data?>"), written in order ahead of the root element.
     std::vector<std::wstring>& GetProcessingInstructions() { return m_processingInstructions; }
     const std::vector<std::wstring>& GetProcessingInstructions() const { return m_processingInstructions; }
 

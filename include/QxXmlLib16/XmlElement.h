@@ -4,6 +4,7 @@
 #include <QxXmlLib16/InstanceMonitor.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -48,8 +49,10 @@ public:
     CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
     const std::wstring& GetNamespaceURI() const { return *m_namespaceURI; }
     const std::wstring& GetLocalName() const { return *m_localName; }
-    const std::wstring& GetText() const { return m_text; }
-    const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
+    const std::wstring& GetText() const {
+        return *reinterpret_cast<const std::wstring*>(m_text & ~kOwnedText);
+    }
+    const std::vector<CXmlAttribute*>& GetAttributes() const;
     // Value of the attribute with exactly this local name and namespace; an empty string if none.
     const std::wstring& GetAttribute(const std::wstring& localName, const std::wstring& namespaceURI) const;
 
@@ -70,16 +73,25 @@ private:
     static void operator delete(void* object, const CXmlDocument* document);
 
     void LinkChild(CXmlElement* child);
+    void ReserveAttributes(size_t count);
     CXmlAttribute* NewAttribute(const std::wstring& localName, const std::wstring& namespaceURI);
     void DestroyChildren();
+    // Replaces the text: shared with the document when the document keeps such text, else owned.
+    void SetText(const wchar_t* text, size_t length);
+    void ReleaseText();
+
+    // Set on m_text when the element owns its text string.
+    static constexpr std::uintptr_t kOwnedText = 1;
 
     const CXmlDocument* m_document;
     CXmlElement* m_parent;
     CXmlElement* m_nextSibling;
     CXmlElement* m_firstChild;
     CXmlElement* m_lastChild;
-    std::vector<CXmlAttribute*> m_attributes;
-    std::wstring m_text;
+    // Most elements have no attributes, and most texts repeat (indentation, short values): both
+    // live outside the element so that the node stays small.
+    std::vector<CXmlAttribute*>* m_attributes; // null until the first attribute
+    std::uintptr_t m_text;                     // const std::wstring*, plus kOwnedText
     const std::wstring* m_namespaceURI;
     const std::wstring* m_localName;
 };

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -79,11 +80,15 @@ private:
 
     bool m_writeDefaultElementValues;
     std::wstring m_indentChars;
+    std::wstring m_indentRun; // the indentation repeated, so that any depth is one append
     std::wstring m_eol;
     EOLType m_eolType;
     bool m_format;
     CTextStream& m_stream;
     bool m_rootStarted;
+    // "</qname>" of each open element by depth, made when its start tag is written, so that the
+    // end tag needs no namespace lookup; the strings are reused from element to element.
+    std::vector<std::wstring> m_endTags;
 };
 
 } // namespace QxXmlLib16

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QxXmlLib16/WhitespaceUtils.h>
+
 #include "internal/NameTable.h"
 #include "internal/NodePool.h"
 
@@ -13,7 +15,18 @@ namespace internal {
 // across reloads, so that names and blocks of nodes a caller detached stay valid.
 struct CDocumentStore {
     CNameTable names;
+    // Texts that repeat throughout a document: indentation and other whitespace-only runs, and
+    // short values. One copy serves every element.
+    CNameTable texts;
     CNodePool pool;
+
+    static constexpr size_t kShortText = 8;
+    static bool IsShared(const wchar_t* text, size_t length) {
+        if (length <= kShortText) return true;
+        for (size_t i = 0; i < length; ++i)
+            if (!CWhitespaceUtils::IsWhiteSpace(text[i])) return false;
+        return true;
+    }
 };
 
 } // namespace internal

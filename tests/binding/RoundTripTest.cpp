@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <functional>
 
 using namespace QxXmlLib16;
@@ -39,9 +40,7 @@ TEST_P(RoundTrip, TextWithEveryLayout) {
     CSmartPtr<CTrip> trip = GetParam().make();
     for (EOLType eol : {eolLF, eolCRLF})
         for (bool formatted : {false, true})
-            // Wide text carrying an XML declaration that names UTF-8 is refused by the XML reader
-            // ("encoding specified in XML declaration is incorrect"), so the text form goes without one.
-            for (bool header : {false}) {
+            for (bool header : {false, true}) {
                 SCOPED_TRACE(testing::Message()
                              << "eol " << eol << " formatted " << formatted << " header " << header);
                 const std::wstring text = trip->ToXml(header, formatted, eol);
@@ -68,6 +67,19 @@ TEST_P(RoundTrip, StreamsInEveryEncodingAndCompression) {
                     trip->ToXmlStream(true, true, encoding, eol, CSerializationContext(), compression);
                 ExpectSameText(*trip, [&](CTrip& copy) { copy.FromXmlStream(data); });
             }
+}
+
+TEST_P(RoundTrip, FilesInEveryEncodingAndCompression) {
+    CSmartPtr<CTrip> trip = GetParam().make();
+    const std::string path = testing::TempDir() + "round_trip_" + GetParam().name + ".xml";
+    const std::wstring file(path.begin(), path.end());
+    for (XmlEncoding encoding : {encUTF8, encUTF16})
+        for (CompressionType compression : {ctNone, ctGzip}) {
+            SCOPED_TRACE(testing::Message() << "encoding " << encoding << " compression " << compression);
+            trip->ToXmlFile(file.c_str(), true, true, encoding, eolCRLF, CSerializationContext(), compression);
+            ExpectSameText(*trip, [&](CTrip& copy) { copy.FromXmlFile(file.c_str()); });
+        }
+    std::remove(path.c_str());
 }
 
 INSTANTIATE_TEST_SUITE_P(Trees, RoundTrip, testing::ValuesIn(kTrees),

@@ -93,6 +93,19 @@ TEST(TextStream, EncodesInEachEncoding) {
               L"Unknown Encoding, select UTF-8 (contact our support team)");
 }
 
+// The stream encodes its blocks one by one; a pair split between two blocks is still one character.
+TEST(TextStream, Utf8JoinsASurrogatePairSplitBetweenBlocks) {
+    const std::string filler(4094, 'a'); // the high surrogate takes the last place of the first block
+    for (const wchar_t second : {static_cast<wchar_t>(0xDE00), L'z'}) {
+        CTextStream stream(encUTF8);
+        stream.Append(std::wstring(filler.begin(), filler.end()));
+        stream.Append(static_cast<wchar_t>(0xD83D));
+        stream.Append(second);
+        EXPECT_EQ(AsString(stream.GetEncodedStream()),
+                  filler + (second == L'z' ? "\xef\xbf\xbdz" : "\xf0\x9f\x98\x80"));
+    }
+}
+
 TEST(FileTextStream, WritesByteOrderMarksAndFlushedText) {
     struct Case {
         XmlEncoding encoding;

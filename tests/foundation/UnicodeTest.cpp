@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -117,6 +118,25 @@ TEST(ConvertUTF, WrappersReplaceIllegalInputAndGoOn) {
     // A target that is too small is filled as far as whole characters go.
     unsigned char small[4];
     EXPECT_EQ(UnicodeToUTF8(L"ab\u20ac", 3, small, 4), 2u);
+}
+
+// Text read through the parser's 16-bit units keeps characters above U+FFFF as two wide characters.
+TEST(ConvertUTF, Utf8JoinsSurrogatePairsAndReplacesLoneHalves) {
+    const auto wide = [](std::initializer_list<unsigned> units) {
+        std::wstring text;
+        for (unsigned unit : units)
+            text += static_cast<wchar_t>(unit);
+        return text;
+    };
+    EXPECT_EQ(EncodeUtf8(wide({'a', 0xD83D, 0xDE00, 'z'})), "a\xf0\x9f\x98\x80z");
+    EXPECT_EQ(EncodeUtf8(wide({0xDE00, 0xD83D, 'z'})), "\xef\xbf\xbd\xef\xbf\xbdz"); // wrong order
+    EXPECT_EQ(EncodeUtf8(wide({'a', 0xD83D})), "a\xef\xbf\xbd");                     // cut short
+    EXPECT_EQ(EncodeUtf8(wide({0xD83D, 0xD83D, 0xDE00})), "\xef\xbf\xbd\xf0\x9f\x98\x80");
+
+    const std::wstring pair = wide({'a', 0xD83D, 0xDE00});
+    EXPECT_EQ(UnicodeToUTF8(pair.data(), pair.size(), nullptr, 0), 5u);
+    unsigned char small[4];
+    EXPECT_EQ(UnicodeToUTF8(pair.data(), pair.size(), small, 4), 1u); // the pair is never cut
 }
 
 TEST(Encoder, EmptyInputsAndTheUtf16Quirk) {

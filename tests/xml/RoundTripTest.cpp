@@ -41,8 +41,8 @@ TEST_P(GpxRoundTrip, ReloadedOutputIsTheSameTreeAndWellFormed) {
     CXmlDocument original;
     original.Load(std::wstring(path.begin(), path.end()).c_str());
 
-    // UTF-16 keeps the parser's surrogate pairs as they came, so characters beyond the BMP survive.
-    CTextStream stream(encUTF16);
+    // The parser's surrogate pairs must come out as single UTF-8 characters for beyond-BMP text to survive.
+    CTextStream stream(encUTF8);
     CXmlTextWriter writer(stream);
     writer.SetFormat(false);
     writer.WriteStartDocument();

@@ -114,6 +114,30 @@ TEST(XmlDocumentText, CarriageReturnsDroppedAndPiecesJoined) {
     document.EndElement();
 }
 
+// Equal texts may be one string shared by many elements: appending to one must leave the others.
+TEST(XmlDocumentText, AppendingToRepeatedTextChangesOnlyThatElement) {
+    const std::string longText(40, 'v');
+    CXmlDocument document;
+    document.LoadXml(("<r><a>\n  \n  </a><b>\n  \n  </b><c>x</c><d>x</d><e>" + longText + "</e><f>" +
+                      longText + "</f></r>")
+                         .c_str());
+    CXmlElement* a = document.GetDocumentElement()->GetFirstElement();
+    CXmlElement* b = a->GetNextSiblingElement();
+    CXmlElement* c = b->GetNextSiblingElement();
+    CXmlElement* d = c->GetNextSiblingElement();
+    CXmlElement* e = d->GetNextSiblingElement();
+    CXmlElement* f = e->GetNextSiblingElement();
+    a->AppendText(L"y");
+    c->AppendText(L"z");
+    e->AppendText(L"w");
+    EXPECT_EQ(L"\n  \n  y", a->GetText());
+    EXPECT_EQ(L"\n  \n  ", b->GetText());
+    EXPECT_EQ(L"xz", c->GetText());
+    EXPECT_EQ(L"x", d->GetText());
+    EXPECT_EQ(std::wstring(longText.begin(), longText.end()) + L"w", e->GetText());
+    EXPECT_EQ(std::wstring(longText.begin(), longText.end()), f->GetText());
+}
+
 TEST(XmlDocumentTree, BuildAndDetach) {
     CXmlDocument document;
     CXmlElement* root = document.AddDocElement(L"urn:r", L"r");
@@ -164,6 +188,21 @@ TEST(XmlDocumentTree, CompletedElementsCanBeDroppedWhileStreaming) {
     ASSERT_NE(nullptr, only);
     EXPECT_EQ(L"tail", only->GetLocalName());
     EXPECT_EQ(nullptr, only->GetNextSiblingElement());
+}
+
+namespace {
+std::wstring g_parentTextSeen;
+bool RecordParentText(CXmlElement* element) {
+    if (element->GetParentElement()) g_parentTextSeen = element->GetParentElement()->GetText();
+    return false;
+}
+} // namespace
+
+TEST(XmlDocumentTree, CallbackSeesTheTextOfOpenAncestorsSoFar) {
+    CXmlDocument document(RecordParentText);
+    document.LoadXml("<a>one<b/>two</a>");
+    EXPECT_EQ(L"one", g_parentTextSeen);
+    EXPECT_EQ(L"onetwo", document.GetDocumentElement()->GetText());
 }
 
 TEST(XmlDocumentLoading, AllFormsGiveTheSameTree) {

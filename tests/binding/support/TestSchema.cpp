@@ -1,6 +1,8 @@
 #include "TestSchema.h"
 
 #include <cwchar>
+#include <iterator>
+#include <utility>
 
 using namespace QxXmlLib16Data;
 
@@ -27,6 +29,14 @@ CPrimitiveRestrictions Digits(long long totalDigits, long long fractionDigits) {
     return CPrimitiveRestrictions(L"", -1, -1, L"", L"", L"", L"", -1, totalDigits, fractionDigits);
 }
 
+// Facets of the schema's simple types, shared by a member's descriptor and its setter.
+const CPrimitiveRestrictions kTitleFacets = Lengths(-1, 40, -1);
+const CPrimitiveRestrictions kDaysFacets = Bounds(L"1", L"30");
+const CPrimitiveRestrictions kTripIdFacets = Pattern(L"T[0-9]+");
+const CPrimitiveRestrictions kLatitudeFacets = Bounds(L"-90", L"90");
+const CPrimitiveRestrictions kLongitudeFacets = Bounds(L"-180", L"180");
+const CPrimitiveRestrictions kEmailFacets = Pattern(L"[a-z.]+@[a-z.]+");
+
 const wchar_t* EnumText(const wchar_t* const* names, int count, int value) {
     return value >= 0 && value < count ? names[value] : L"";
 }
@@ -50,16 +60,6 @@ T* ObjectOf(const QxVariant& value, const wchar_t* property) {
         throw CQxInvalidParamException(
             FormatString(L"The Property [%ls] was given an object of another class", property));
     return typed;
-}
-
-template <class T>
-void Access(bool read, QxVariant& value, std::optional<T>& member, void (QxVariant::*set)(T),
-            T (QxVariant::*get)() const) {
-    if (read) {
-        if (member) (value.*set)(*member);
-    } else {
-        member = (value.*get)();
-    }
 }
 
 void AccessString(bool read, QxVariant& value, std::optional<std::wstring>& member) {
@@ -223,6 +223,15 @@ CPlace::CPlace(const wchar_t* elementName) {
     SetElementName(elementName);
 }
 
+void CPlace::SetLat(const CDecimal& value) {
+    CXmlObjectHelper::CheckRestrictionFordecimal(L"lat", value, kLatitudeFacets);
+    m_lat = value;
+}
+void CPlace::SetLon(const CDecimal& value) {
+    CXmlObjectHelper::CheckRestrictionFordecimal(L"lon", value, kLongitudeFacets);
+    m_lon = value;
+}
+
 const CClassMetaData& CPlace::MetaData() {
     static const CClassMetaData data(
         new CParentElementInfo(egSequence, etElement, L"Place", kNamespace, true, false, -1, itNone, L"",
@@ -230,19 +239,19 @@ const CClassMetaData& CPlace::MetaData() {
         {new CElementInfoSeqPrimMnd(L"label", kNamespace, pnLabel, false, itString, L"", W::wsPreserve,
                                     kNoFacets, L"")},
         {new CAttributeInfoPrimitive(L"lat", L"", pnLat, false, itDecimal, L"", W::wsCollapse,
-                                     Bounds(L"-90", L"90"), L""),
+                                     kLatitudeFacets, L""),
          new CAttributeInfoPrimitive(L"lon", L"", pnLon, false, itDecimal, L"", W::wsCollapse,
-                                     Bounds(L"-180", L"180"), L"")});
+                                     kLongitudeFacets, L"")});
     return data;
 }
 
 int CPlace::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnLat:
-        read ? value.SetDecimal(m_lat) : void(m_lat = value.GetDecimal());
+        read ? value.SetDecimal(m_lat) : SetLat(value.GetDecimal());
         return 0;
     case pnLon:
-        read ? value.SetDecimal(m_lon) : void(m_lon = value.GetDecimal());
+        read ? value.SetDecimal(m_lon) : SetLon(value.GetDecimal());
         return 0;
     case pnLabel:
         read ? value.SetString(m_label) : void(m_label = value.GetString());
@@ -284,9 +293,9 @@ const CClassMetaData& CCampsite::MetaData() {
          new CElementInfoSeqPrimMnd(L"pitches", kNamespace, pnPitches, false, itUi2, L"", W::wsCollapse,
                                     kNoFacets, L"")},
         {new CAttributeInfoPrimitive(L"lat", L"", pnLat, false, itDecimal, L"", W::wsCollapse,
-                                     Bounds(L"-90", L"90"), L""),
+                                     kLatitudeFacets, L""),
          new CAttributeInfoPrimitive(L"lon", L"", pnLon, false, itDecimal, L"", W::wsCollapse,
-                                     Bounds(L"-180", L"180"), L""),
+                                     kLongitudeFacets, L""),
          new CAttributeInfoPrimitive(L"open", L"", pnOpen, true, itBoolean, L"", W::wsCollapse, kNoFacets,
                                      L"true")});
     return data;
@@ -328,22 +337,26 @@ CContact::CContact(const wchar_t* elementName)
     SetElementName(elementName);
 }
 
+void CContact::SetEmail(std::wstring value) {
+    CXmlObjectHelper::CheckRestrictionForstring(L"email", value, kEmailFacets);
+    m_email = std::move(value);
+}
+
 const CClassMetaData& CContact::MetaData() {
-    static const CClassMetaData data(
-        new CParentElementInfo(egSequence, etElement, L"Contact", kNamespace, true, false, -1, itNone, L"",
-                               false),
-        {new CElementInfoSeqPrimMnd(L"email", kNamespace, 1, false, itString, L"", W::wsCollapse,
-                                    Pattern(L"[a-z.]+@[a-z.]+"), L""),
-         new CElementInfoSeqPrimOpt(L"phone", kNamespace, 2, false, itString, L"", W::wsPreserve, kNoFacets,
-                                    L"")},
-        {});
+    static const CClassMetaData data(new CParentElementInfo(egSequence, etElement, L"Contact", kNamespace,
+                                                            true, false, -1, itNone, L"", false),
+                                     {new CElementInfoSeqPrimMnd(L"email", kNamespace, 1, false, itString,
+                                                                 L"", W::wsCollapse, kEmailFacets, L""),
+                                      new CElementInfoSeqPrimOpt(L"phone", kNamespace, 2, false, itString,
+                                                                 L"", W::wsPreserve, kNoFacets, L"")},
+                                     {});
     return data;
 }
 
 int CContact::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        read ? value.SetString(m_email) : void(m_email = value.GetString());
+        read ? value.SetString(m_email) : SetEmail(value.GetString());
         return 0;
     case 2:
         AccessString(read, value, m_phone);
@@ -383,42 +396,66 @@ void CReadings::Reset() {
     m_values[itBoolean].SetBoolean(false);
 }
 
-const CClassMetaData& CReadings::MetaData() {
-    auto attribute = [](const wchar_t* name, ItemType type, const CPrimitiveRestrictions& facets = kNoFacets,
-                        const wchar_t* defaultValue = L"") -> CAttributeInfo* {
-        return new CAttributeInfoPrimitive(name, L"", type, type != itI4, type, L"", W::wsCollapse, facets,
-                                           defaultValue);
+namespace {
+struct Reading {
+    const wchar_t* name;
+    ItemType type;
+    CPrimitiveRestrictions facets;
+    const wchar_t* defaultValue;
+};
+
+// One entry per attribute, in schema order; i4 is the required one.
+const Reading kReadings[] = {
+    {L"hex", itHexBinary, Lengths(-1, 4, -1), L""},
+    {L"b64", itBase64Binary, Lengths(1, -1, -1), L""},
+    {L"i1", itI1, Bounds(L"-10", L"10"), L""},
+    {L"i2", itI2, kNoFacets, L"7"},
+    {L"i4", itI4, CPrimitiveRestrictions(L"", -1, -1, L"", L"", L"-1000", L"1000", -1, -1, -1), L""},
+    {L"i8", itI8, kNoFacets, L""},
+    {L"u1", itUi1, Digits(2, -1), L""},
+    {L"u2", itUi2, kNoFacets, L""},
+    {L"u4", itUi4, Bounds(L"", L"100000"), L""},
+    {L"u8", itUi8, kNoFacets, L""},
+    {L"r4", itR4, Bounds(L"0", L""), L""},
+    {L"r8", itR8, kNoFacets, L""},
+    {L"dur", itDuration, kNoFacets, L""},
+    {L"ym", itYearMonth, kNoFacets, L""},
+    {L"md", itMonthDay, kNoFacets, L""},
+    {L"yr", itYear, Bounds(L"1900", L""), L""},
+    {L"mo", itMonth, kNoFacets, L""},
+    {L"dy", itDay, kNoFacets, L""},
+    {L"date", itDate, kNoFacets, L"2024-01-01"},
+    {L"dt", itDateTime, kNoFacets, L""},
+    {L"tm", itTime, kNoFacets, L""},
+    {L"ch", itChar, kNoFacets, L""},
+    {L"str", itString, Pattern(L"[A-Z][a-z]+"), L""},
+    {L"flag", itBoolean, kNoFacets, L"false"},
+    {L"dec", itDecimal, Digits(5, 2), L""},
+    {L"int", itInteger, Bounds(L"0", L""), L""},
+};
+} // namespace
+
+void CReadings::SetAttribute(ItemType type, const QxVariant& value) {
+    for (const Reading& reading : kReadings)
+        // char has no facets and no check of its own.
+        if (reading.type == type && type != itChar)
+            CXmlObjectHelper::CheckRestriction(reading.name, value, type, reading.facets);
+    m_values[type] = value;
+}
+
+template <std::size_t... I>
+static CClassMetaData ReadingsMetaData(std::index_sequence<I...>) {
+    auto attribute = [](const Reading& r) -> CAttributeInfo* {
+        return new CAttributeInfoPrimitive(r.name, L"", r.type, r.type != itI4, r.type, L"", W::wsCollapse,
+                                           r.facets, r.defaultValue);
     };
-    static const CClassMetaData data(
-        new CParentElementInfo(egSequence, etElement, L"Readings", kNamespace, true, false, -1, itNone, L"",
-                               false),
-        {},
-        {attribute(L"hex", itHexBinary, Lengths(-1, 4, -1)),
-         attribute(L"b64", itBase64Binary, Lengths(1, -1, -1)),
-         attribute(L"i1", itI1, Bounds(L"-10", L"10")),
-         attribute(L"i2", itI2, kNoFacets, L"7"),
-         attribute(L"i4", itI4, CPrimitiveRestrictions(L"", -1, -1, L"", L"", L"-1000", L"1000", -1, -1, -1)),
-         attribute(L"i8", itI8),
-         attribute(L"u1", itUi1, Digits(2, -1)),
-         attribute(L"u2", itUi2),
-         attribute(L"u4", itUi4, Bounds(L"", L"100000")),
-         attribute(L"u8", itUi8),
-         attribute(L"r4", itR4, Bounds(L"0", L"")),
-         attribute(L"r8", itR8),
-         attribute(L"dur", itDuration),
-         attribute(L"ym", itYearMonth),
-         attribute(L"md", itMonthDay),
-         attribute(L"yr", itYear, Bounds(L"1900", L"")),
-         attribute(L"mo", itMonth),
-         attribute(L"dy", itDay),
-         attribute(L"date", itDate, kNoFacets, L"2024-01-01"),
-         attribute(L"dt", itDateTime),
-         attribute(L"tm", itTime),
-         attribute(L"ch", itChar),
-         attribute(L"str", itString, Pattern(L"[A-Z][a-z]+")),
-         attribute(L"flag", itBoolean, kNoFacets, L"false"),
-         attribute(L"dec", itDecimal, Digits(5, 2)),
-         attribute(L"int", itInteger, Bounds(L"0", L""))});
+    return CClassMetaData(new CParentElementInfo(egSequence, etElement, L"Readings", kNamespace, true, false,
+                                                 -1, itNone, L"", false),
+                          {}, {attribute(kReadings[I])...});
+}
+
+const CClassMetaData& CReadings::MetaData() {
+    static const CClassMetaData data = ReadingsMetaData(std::make_index_sequence<std::size(kReadings)>());
     return data;
 }
 
@@ -427,7 +464,7 @@ int CReadings::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (read)
         value = m_values[propertyNumber];
     else
-        m_values[propertyNumber] = value;
+        SetAttribute(ItemType(propertyNumber), value);
     return 0;
 }
 
@@ -489,6 +526,19 @@ void CTrip::Reset() {
     m_readings = nullptr;
 }
 
+void CTrip::SetId(std::wstring value) {
+    CXmlObjectHelper::CheckRestrictionForstring(L"id", value, kTripIdFacets);
+    m_id = std::move(value);
+}
+void CTrip::SetTitle(std::wstring value) {
+    CXmlObjectHelper::CheckRestrictionForstring(L"title", value, kTitleFacets);
+    m_title = std::move(value);
+}
+void CTrip::SetDays(std::optional<unsigned char> value) {
+    if (value) CXmlObjectHelper::CheckRestrictionForui1(L"days", *value, kDaysFacets);
+    m_days = value;
+}
+
 template <class T>
 static void Adopt(CSmartPtr<T>& member, T* value, const wchar_t* elementName) {
     if (value) value->SetElementName(elementName);
@@ -523,11 +573,11 @@ const CClassMetaData& CTrip::MetaData() {
         new CParentElementInfo(egSequence, etElement, L"Trip", kNamespace, true, false, -1, itNone, L"",
                                false),
         {new CElementInfoSeqPrimMnd(L"title", kNamespace, pnTitle, false, itString, L"", W::wsPreserve,
-                                    Lengths(-1, 40, -1), L""),
+                                    kTitleFacets, L""),
          new CElementInfoSeqPrimOpt(L"note", kNamespace, pnNote, true, itString, L"", W::wsPreserve,
                                     kNoFacets, L""),
          new CElementInfoSeqPrimOpt(L"days", kNamespace, pnDays, false, itUi1, L"", W::wsCollapse,
-                                    Bounds(L"1", L"30"), L"1"),
+                                    kDaysFacets, L"1"),
          new CElementInfoSeqEnumMnd(L"mode", kNamespace, pnMode, false, TravelModeToText, TravelModeFromText,
                                     L""),
          new CElementInfoSeqEnumOpt(L"pace", kNamespace, pnPace, false, PaceToText, PaceFromText, L""),
@@ -540,8 +590,8 @@ const CClassMetaData& CTrip::MetaData() {
          new CElementInfoSeqClsMnd(L"contact", kNamespace, pnContact, etElement, CreateClass, cnContact,
                                    false),
          new CElementInfoSeqClsOpt(L"readings", kNamespace, pnReadings, etElement, CreateClass, cnReadings)},
-        {new CAttributeInfoPrimitive(L"id", L"", pnId, false, itString, L"", W::wsCollapse,
-                                     Pattern(L"T[0-9]+"), L""),
+        {new CAttributeInfoPrimitive(L"id", L"", pnId, false, itString, L"", W::wsCollapse, kTripIdFacets,
+                                     L""),
          new CAttributeInfoEnum(L"pace", L"", pnPaceAttribute, true, PaceToText, PaceFromText, L"steady"),
          new CAttributeInfoPrimitive(L"version", L"", pnVersion, true, itDecimal, L"", W::wsCollapse,
                                      kNoFacets, L"1")});
@@ -551,7 +601,7 @@ const CClassMetaData& CTrip::MetaData() {
 int CTrip::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnId:
-        read ? value.SetString(m_id) : void(m_id = value.GetString());
+        read ? value.SetString(m_id) : SetId(value.GetString());
         return 0;
     case pnPaceAttribute:
         read ? value.SetI4(m_paceAttribute) : void(m_paceAttribute = Pace(value.GetI4()));
@@ -560,7 +610,7 @@ int CTrip::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
         read ? value.SetDecimal(m_version) : void(m_version = value.GetDecimal());
         return 0;
     case pnTitle:
-        read ? value.SetString(m_title) : void(m_title = value.GetString());
+        read ? value.SetString(m_title) : SetTitle(value.GetString());
         return 0;
     case pnNote:
         if (read && m_noteNil) {
@@ -572,7 +622,10 @@ int CTrip::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
         }
         return 0;
     case pnDays:
-        Access(read, value, m_days, &QxVariant::SetUI1, &QxVariant::GetUI1);
+        if (!read)
+            SetDays(value.GetUI1());
+        else if (m_days)
+            value.SetUI1(*m_days);
         return 0;
     case pnMode:
         read ? value.SetI4(m_mode) : void(m_mode = TravelMode(value.GetI4()));

@@ -97,10 +97,11 @@ class CPlace : public CXmlGeneratedClass {
 public:
     explicit CPlace(const wchar_t* elementName = L"Place");
 
+    // Setters of members with facets check them before storing; loading goes through them too.
     const CDecimal& GetLat() const { return m_lat; }
-    void SetLat(const CDecimal& value) { m_lat = value; }
+    void SetLat(const CDecimal& value);
     const CDecimal& GetLon() const { return m_lon; }
-    void SetLon(const CDecimal& value) { m_lon = value; }
+    void SetLon(const CDecimal& value);
     const std::wstring& GetLabel() const { return m_label; }
     void SetLabel(std::wstring value) { m_label = std::move(value); }
 
@@ -153,7 +154,7 @@ public:
     explicit CContact(const wchar_t* elementName = L"Contact");
 
     const std::wstring& GetEmail() const { return m_email; }
-    void SetEmail(std::wstring value) { m_email = std::move(value); }
+    void SetEmail(std::wstring value);
     const std::optional<std::wstring>& GetPhone() const { return m_phone; }
     void SetPhone(std::optional<std::wstring> value) { m_phone = std::move(value); }
 
@@ -184,8 +185,10 @@ public:
 
     // Properties are numbered by the ItemType of the attribute's value, so that the tests can set
     // any of them generically.
+    // The unchecked reference lets tests store a value that breaks a facet; SetAttribute checks.
     QxVariant& Attribute(ItemType type) { return m_values[type]; }
     const QxVariant& Attribute(ItemType type) const { return m_values[type]; }
+    void SetAttribute(ItemType type, const QxVariant& value);
 
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
     const QxXmlLib16Data::CParentElementInfo* GetClassInfo() const override;
@@ -208,21 +211,21 @@ public:
     explicit CTrip(const wchar_t* elementName = L"trip");
 
     const std::wstring& GetId() const { return m_id; }
-    void SetId(std::wstring value) { m_id = std::move(value); }
+    void SetId(std::wstring value);
     Pace GetPaceAttribute() const { return m_paceAttribute; }
     void SetPaceAttribute(Pace value) { m_paceAttribute = value; }
     const CDecimal& GetVersion() const { return m_version; }
     void SetVersion(const CDecimal& value) { m_version = value; }
 
     const std::wstring& GetTitle() const { return m_title; }
-    void SetTitle(std::wstring value) { m_title = std::move(value); }
+    void SetTitle(std::wstring value);
     // An optional, nillable element: absent, nil, or a text.
     const std::optional<std::wstring>& GetNote() const { return m_note; }
     void SetNote(std::optional<std::wstring> value) { m_note = std::move(value), m_noteNil = false; }
     bool IsNoteNil() const { return m_noteNil; }
     void SetNoteNil() { m_note.reset(), m_noteNil = true; }
     const std::optional<unsigned char>& GetDays() const { return m_days; }
-    void SetDays(std::optional<unsigned char> value) { m_days = value; }
+    void SetDays(std::optional<unsigned char> value);
     TravelMode GetMode() const { return m_mode; }
     void SetMode(TravelMode value) { m_mode = value; }
     const std::optional<Pace>& GetPace() const { return m_pace; }

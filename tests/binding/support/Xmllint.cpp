@@ -12,9 +12,8 @@ XmllintResult ValidateWithXmllint(const std::string& utf8Document, const char* s
     static std::atomic<int> counter{0};
     const std::string file = "xmllint-" + std::to_string(getpid()) + "-" + std::to_string(counter++) + ".xml";
     std::ofstream(file, std::ios::binary) << utf8Document;
-    const std::string command =
-        std::string("xmllint --noout --schema '" QX_TEST_SOURCE_DIR "/binding/support/") + schema + "' '" +
-        file + "' 2>&1";
+    const std::string command = "xmllint --noout --schema '" QX_TEST_SOURCE_DIR "/binding/support/" +
+                                std::string(schema) + "' '" + file + "' 2>&1";
     XmllintResult result{false, std::string()};
     if (FILE* pipe = popen(command.c_str(), "r")) {
         char buffer[512];

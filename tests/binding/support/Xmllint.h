@@ -2,9 +2,9 @@
 
 #include <string>
 
-// Runs the independent validator xmllint on a document against a schema of this folder (the trip
-// schema unless named). The document is written to a temporary file in the working directory (the
-// test's build folder).
+// Runs the independent validator xmllint on a document against a schema of binding/support (the
+// trip schema by default). The document is written to a temporary file in the working directory
+// (the test's build folder).
 struct XmllintResult {
     bool valid;
     std::string output; // xmllint's diagnostics

@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Runs qxgpx as a user would: the sample's summary, a refused document, and writing back.
+#   qxgpx_check.sh QXGPX SHARED_GPX_DIR WORK_DIR
+set -uo pipefail
+qxgpx="$1" shared="$2" work="$3"
+mkdir -p "$work" && cd "$work" || exit 1
+failures=0
+fail() { echo "FAIL: $*"; failures=$((failures + 1)); }
+
+summary=$("$qxgpx") || fail "the sample did not load"
+expected='creator       qxgpx sample
+name          Lakeside loop
+waypoints     2
+routes        1 (2 points)
+tracks        1 (2 segments, 6 points)'
+[ "$summary" != "${summary#"$expected"}" ] || fail "summary begins otherwise:
+$summary"
+grep -q '^time span     2024-05-04T09:00:00Z .. 2024-05-04T10:11:20Z (1:11:20)$' <<<"$summary" &&
+grep -q '^bounds        lat 46.204 .. 46.2115, lon 6.142 .. 6.152$' <<<"$summary" &&
+grep -q '^track length  2\.[0-9]* km$' <<<"$summary" || fail "time span, bounds or length:
+$summary"
+
+"$qxgpx" "$shared/invalid/osmand-empty-ele.gpx" >/dev/null 2>stderr.txt
+status=$?
+[ $status -ne 0 ] || fail "an invalid document was accepted"
+grep -q 'unexpected element \[ele\] remains un processed' stderr.txt && grep -q 'Path: /gpx/trk/trkseg/trkpt\[1\]' stderr.txt || fail "no XPath on stderr: $(cat stderr.txt)"
+"$qxgpx" missing.gpx >/dev/null 2>&1 && fail "a missing file was accepted"
+"$qxgpx" --bogus >/dev/null 2>&1; [ $? -eq 2 ] || fail "an unknown option was accepted"
+
+rm -f sample.out.gpx sample.out.gpx.gz
+"$qxgpx" --timings --out sample.out.gpx >timings.txt || fail "--out failed"
+grep -Eq '^load [0-9]+\.[0-9]{3} s$' timings.txt && grep -Eq '^write [0-9]+\.[0-9]{3} s$' timings.txt ||
+    fail "timings: $(cat timings.txt)"
+xmllint --noout --schema "$shared/gpx.xsd" sample.out.gpx 2>/dev/null || fail "written sample is invalid"
+"$qxgpx" --gzip --out sample.out.gpx.gz >/dev/null || fail "--gzip failed"
+cmp -s <(gzip -dc sample.out.gpx.gz) sample.out.gpx || fail "the gzip output holds other text"
+[ "$("$qxgpx" sample.out.gpx.gz)" = "$summary" ] || fail "the compressed copy reads otherwise"
+
+[ $failures -eq 0 ] && echo "qxgpx ok"
+exit $failures
