@@ -1,5 +1,6 @@
 #include <QxXmlLib16/XmlTypeCollection.h>
 
+#include <QxXmlLib16/Exceptions.h>
 #include <QxXmlLib16/XmlElement.h>
 #include <QxXmlLib16/XmlObjectHelper.h>
 
@@ -35,7 +36,12 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement*, CXmlElement* current,
     const std::wstring namespaceURI = GetNamespace();
     // Straight to the helper with the strings held here: no temporaries per element.
     while (current && CXmlObjectHelper::DoesElementNameMatch(context, current, name, namespaceURI)) {
-        AddFromString(current->GetText());
+        try {
+            AddFromString(current->GetText());
+        } catch (const CQxException& e) {
+            // The failure names the item, not just the element that holds the collection.
+            throw CQxValidationException(L"Failed to set the property value.", current->GetXPath(), e);
+        }
         current = current->GetNextSiblingElement();
     }
     return current;

@@ -304,9 +304,12 @@ template <class Group, class Cardinality>
 bool ReadWildcard(const CElementInfo& info, const WildcardTarget& target,
                   const CSerializationContext& context, CXmlGeneratedClass* object, CXmlElement* parent,
                   CXmlElement** current, const wchar_t* enclosingNamespace, XmlElementType probe) {
+    // Like every optional member of a sequence, an absent optional wildcard satisfies the group;
+    // refusing would end the reading of the sequence and leave the elements after it unread.
+    constexpr bool kAbsentSatisfies = Group::kOrdered && !Cardinality::kRequired;
     if (!*current) {
         if (Group::kOrdered && Cardinality::kRequired) ThrowMissingRequired(info, parent);
-        return false;
+        return kAbsentSatisfies;
     }
     CSmartPtr<CXmlObjectBase> wildcard;
     if (Cardinality::kRequired) {
@@ -322,7 +325,7 @@ bool ReadWildcard(const CElementInfo& info, const WildcardTarget& target,
             ThrowMissingWildcard(info, parent);
         // An optional member drops what it held, so that a miss leaves no stale content behind.
         if (!Cardinality::kRequired) StoreChild(info, object, nullptr, *parent);
-        return false;
+        return kAbsentSatisfies;
     }
     if (isNew) StoreChild(info, object, wildcard.Get(), *parent);
     *current = stopped;

@@ -388,9 +388,8 @@ TEST(GroupsProof, InvalidCratesAreRejected) {
     } cases[] = {
         {Replace(kCrate, L"<shape xsi:type=\"Circle\"", L"<shape"),
          L"Failed to find a suitable substitution element for [shape].", L"/crate"},
-        // A typed collection's items carry no path of their own: the crate's is the innermost.
         {Replace(kCrate, L"<count>3</count>", L"<count>100</count>"), L"Invalid Value for count [100]",
-         L"/crate"},
+         L"/crate/count[2]"},
         {Replace(kCrate, L"<item id=\"2\"/>", L"<item/>"), L"Failed to find the required Attribute [id].",
          L"/crate/item[2]"},
         {Replace(kCrate, L"<o:x/>", L"<x/>"),

@@ -54,6 +54,13 @@ int UnknownProperty(int propertyNumber) {
     throw CQxInvalidParamException(FormatString(L"Unknown property number %d", propertyNumber));
 }
 
+// A mandatory wildcard member always holds an element for the reader to fill.
+CElement* NewWildcard(const wchar_t* rule) {
+    return new CElement(L"AnyElement",
+                        CElementInfo::GetAnyDefaultNamespace(rule, kNamespace, kNamespace).c_str(), rule,
+                        kNamespace);
+}
+
 CSmartPtr<CXmlObjectBase> CreateOwn(int, const wchar_t* elementName) {
     return new COwn(elementName);
 }
@@ -88,7 +95,8 @@ void CShadeCol::CheckValue(const wchar_t*, Shade value, const CPrimitiveRestrict
 
 // --- Own --------------------------------------------------------------------------------------------
 
-COwn::COwn(const wchar_t* elementName) {
+COwn::COwn(const wchar_t* elementName)
+    : m_any(NewWildcard(L"##targetNamespace")) {
     SetElementName(elementName);
 }
 
@@ -119,9 +127,8 @@ CAttributeInfo* const* COwn::GetClassAttributeInfo() const {
     return MetaData().GetAttributes();
 }
 
-// The wildcard member is made by the reader, under the member's namespace rule.
 void COwn::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
-    m_any = nullptr;
+    m_any = NewWildcard(L"##targetNamespace");
 }
 
 // --- Bag --------------------------------------------------------------------------------------------
@@ -161,7 +168,7 @@ void CBag::Reset() {
                             W::wsCollapse, L"");
     m_int = NewCol<CintegerCol>(L"int");
     m_shade = new CShadeCol(L"shade", kNamespace, 0, 4);
-    m_other = nullptr;
+    m_other = NewWildcard(L"##other");
     m_local = nullptr;
     m_listed = new CElementCol(kNamespace, L"urn:qx:a urn:qx:b", kNamespace, 0, 3);
     m_own = new COwn(L"own");

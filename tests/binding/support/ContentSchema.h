@@ -87,7 +87,10 @@ public:
     // Wildcards: exactly one element of another namespace, an optional unqualified one, up to three
     // of urn:qx:a or urn:qx:b, and any number of any namespace after own.
     CElement* GetOther() const { return m_other.Get(); }
-    void SetOther(CElement* value) { m_other = value; }
+    void SetOther(CElement* value) {
+        Throw_IfPropertyIsNull(value, L"AnyElement");
+        m_other = value;
+    }
     CElement* GetLocal() const { return m_local.Get(); }
     void SetLocal(CElement* value) { m_local = value; }
     CElementCol& GetListed() const { return *m_listed; }

@@ -13,17 +13,21 @@ struct UntypedFailure {
     }
 };
 
-// The innermost failure of the chain that action throws; "(no exception)" when it throws none.
+// The innermost failure of the chain that action throws, with the deepest path the chain names;
+// "(no exception)" when it throws none.
 template <typename Action>
 UntypedFailure FailureOf(Action action) {
     try {
         action();
     } catch (const QxXmlLib16::CQxException& e) {
         const QxXmlLib16::CQxException* inner = &e;
-        while (inner->GetInnerException())
+        std::wstring path = e.GetPath();
+        while (inner->GetInnerException()) {
             inner = inner->GetInnerException();
+            if (!inner->GetPath().empty()) path = inner->GetPath();
+        }
         const std::wstring& message = inner->GetMessage();
-        return {message.substr(0, message.find(L"\nPath: ")), inner->GetPath()};
+        return {message.substr(0, message.find(L"\nPath: ")), path};
     }
     return {L"(no exception)", L""};
 }
