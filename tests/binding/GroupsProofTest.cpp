@@ -30,7 +30,12 @@ const std::wstring kTail = L"<figure xsi:type=\"Circle\" radius=\"1\"/>"
                            L"<palette><item id=\"4\"/><item id=\"5\"/></palette>"
                            L"<palette><colour>red</colour><colour>green</colour></palette>"
                            L"<palette><count>1</count><note>two</note><count>3</count></palette>"
-                           L"<label signed=\"true\"><text>t</text><by>me</by></label>";
+                           L"<palette><shape xsi:type=\"Square\" side=\"5\"/>"
+                           L"<shape xsi:type=\"Circle\" radius=\"6\"/></palette>"
+                           L"<palette><size>1.25</size><size>2</size></palette>"
+                           L"<palette><o:a/><o:b>x</o:b></palette>"
+                           L"<label signed=\"true\"><text>t</text><by>me</by></label>"
+                           L"<note>after</note><count>8</count>";
 
 const wchar_t* const kNamespaces =
     L"xmlns=\"urn:qx:test:groups\" "
@@ -128,7 +133,7 @@ TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
     CSmartPtr<CGroups> groups(new CGroups());
     groups->FromXml(Document().c_str());
     const auto& palettes = *groups->GetPalettes();
-    ASSERT_EQ(3, palettes.GetCount());
+    ASSERT_EQ(6, palettes.GetCount());
     const CItemCol& items = *palettes.Item(0)->GetItems();
     ASSERT_EQ(2, items.GetCount());
     EXPECT_EQ(5, items.Item(1)->GetId());
@@ -143,6 +148,19 @@ TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
     EXPECT_EQ(L"two", entries.GetEntry(1)->GetNote());
     EXPECT_FALSE(entries.GetEntry(1)->GetCount());
     EXPECT_EQ(3, entries.GetEntry(2)->GetCount());
+    const CShapeCol& shapes = *palettes.Item(3)->GetShapes();
+    ASSERT_EQ(2, shapes.GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<CCircle*>(shapes.Item(1)));
+    const CdecimalCol& sizes = *palettes.Item(4)->GetSizes();
+    ASSERT_EQ(2, sizes.GetCount());
+    EXPECT_EQ(L"1.25", sizes.Item(0).ToString());
+    const CElementCol& others = *palettes.Item(5)->GetOthers();
+    ASSERT_EQ(2, others.GetCount());
+    EXPECT_EQ(L"x", others.Item(1)->GetText());
+    EXPECT_EQ(0, palettes.Item(5)->GetItems()->GetCount() + palettes.Item(5)->GetSizes()->GetCount());
+    // The sequence's own repeated choice, after the label.
+    ASSERT_EQ(2, groups->GetEntries()->GetCount());
+    EXPECT_EQ(8, groups->GetEntries()->GetEntry(1)->GetCount());
 
     // Built in code, each palette is written in its alternative's own form.
     CSmartPtr<CGroups> built(new CGroups());
@@ -275,6 +293,18 @@ std::vector<InvalidCase> InvalidCases() {
          L"/groups/palette[3]"},
         {"RepeatedChoiceFacet", Replace(Document(), L"<count>3</count>", L"<count>-3</count>"),
          L"Invalid Value for count [-3]", L"/groups/palette[3]/count[2]"},
+        {"ChoiceSizesTooMany",
+         Replace(Document(), L"<size>2</size>", L"<size>2</size><size>3</size><size>4</size><size>5</size>"),
+         L"The Maximum number of [size] elements allowed in this collection is 4", L"/groups/palette[5]"},
+        {"ChoiceSizesThenWildcard", Replace(Document(), L"<size>2</size>", L"<size>2</size><o:z/>"),
+         L"Failed read all the elements held within the element [palette]. The unexpected element [z] "
+         L"remains un processed",
+         L"/groups/palette[5]"},
+        {"SequenceRepeatedChoiceThenAnother",
+         Replace(Document(), L"<count>8</count>", L"<colour>red</colour>"),
+         L"Failed read all the elements held within the element [groups]. The unexpected element [colour] "
+         L"remains un processed",
+         L"/groups"},
         {"AbstractCollectionWithoutType", Replace(Document(), L"<figure xsi:type=\"Circle\"", L"<figure"),
          L"Failed to find a suitable substitution element for [figure].", L"/groups"},
         {"InlineGroupAttributeMissing", Replace(Document(), L" signed=\"true\"", L""),

@@ -315,7 +315,14 @@ long CColourCol::FromString(const std::wstring& text, CWhitespaceUtils::Whitespa
 
 namespace {
 enum EntryProperty : int { pnEntryCount = 1, pnEntryNote };
-enum PaletteProperty : int { pnPaletteItems = 1, pnPaletteColours, pnPaletteEntries };
+enum PaletteProperty : int {
+    pnPaletteItems = 1,
+    pnPaletteColours,
+    pnPaletteEntries,
+    pnPaletteShapes,
+    pnPaletteSizes,
+    pnPaletteOthers
+};
 } // namespace
 
 CEntry::CEntry(const wchar_t* elementName) {
@@ -366,8 +373,8 @@ void CEntry::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationCon
     m_note.reset();
 }
 
-CEntryCol::CEntryCol()
-    : CXmlCollection(L"Entry", kNamespace, 1, -1) {}
+CEntryCol::CEntryCol(int minOccurs)
+    : CXmlCollection(L"Entry", kNamespace, minOccurs, -1) {}
 
 CEntry* CEntryCol::Add() {
     CSmartPtr<CEntry> entry(new CEntry());
@@ -401,7 +408,11 @@ CPalette::CPalette(const wchar_t* elementName) {
 void CPalette::Reset() {
     m_items = new CItemCol(L"item", kNamespace, 1, -1);
     m_colours = new CColourCol(L"colour", 2, 3);
-    m_entries = new CEntryCol();
+    m_entries = new CEntryCol(1);
+    m_shapes = new CShapeCol(L"shape", kNamespace, 1, -1, CreateShape);
+    m_sizes = new CdecimalCol(L"size", kNamespace, 1, 4, L"", -1, -1, L"", L"", L"", L"", -1, -1, -1,
+                              W::wsCollapse, L"");
+    m_others = new CElementCol(L"", L"##other", kNamespace, 1, -1);
 }
 
 const CClassMetaData& CPalette::MetaData() {
@@ -409,7 +420,10 @@ const CClassMetaData& CPalette::MetaData() {
         ClassInfo(egChoice, L"Palette"),
         {new CElementInfoChoiceClsCol(L"item", kNamespace, pnPaletteItems, etElement),
          new CElementInfoChoiceEnumCol(L"colour", kNamespace, pnPaletteColours),
-         new CElementInfoChoiceCol(L"Entry", kNamespace, pnPaletteEntries)},
+         new CElementInfoChoiceCol(L"Entry", kNamespace, pnPaletteEntries),
+         new CElementInfoChoiceAbsClsCol(L"shape", kNamespace, pnPaletteShapes, etElement),
+         new CElementInfoChoicePrimCol(L"size", kNamespace, pnPaletteSizes),
+         new CElementInfoChoiceUntpdCol(L"AnyElement", kNamespace, pnPaletteOthers)},
         {});
     return data;
 }
@@ -422,6 +436,12 @@ int CPalette::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
         return PassCollection(m_colours.Get(), read, value, L"colour");
     case pnPaletteEntries:
         return PassCollection(m_entries.Get(), read, value, L"Entry");
+    case pnPaletteShapes:
+        return PassCollection(m_shapes.Get(), read, value, L"shape");
+    case pnPaletteSizes:
+        return PassCollection(m_sizes.Get(), read, value, L"size");
+    case pnPaletteOthers:
+        return PassCollection(m_others.Get(), read, value, L"AnyElement");
     }
     return UnknownProperty(propertyNumber);
 }
@@ -627,7 +647,7 @@ void CBag::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationConte
 // --- Groups -----------------------------------------------------------------------------------------
 
 namespace {
-enum GroupsProperty : int { pnPicks = 1, pnBag, pnMain, pnAlt, pnFigures, pnPalettes, pnLabel };
+enum GroupsProperty : int { pnPicks = 1, pnBag, pnMain, pnAlt, pnFigures, pnPalettes, pnLabel, pnEntries };
 }
 
 CGroups::CGroups(const wchar_t* elementName) {
@@ -643,6 +663,7 @@ void CGroups::Reset() {
     m_figures = new CShapeCol(L"figure", kNamespace, 0, -1, CreateShape);
     m_palettes = new TXmlClassCollection<CPalette>(L"palette", kNamespace, 0, -1);
     m_label = nullptr;
+    m_entries = new CEntryCol(0);
 }
 
 void CGroups::SetMain(CShape* value) {
@@ -664,7 +685,8 @@ const CClassMetaData& CGroups::MetaData() {
          new CElementInfoSeqAbsClsOpt(L"alt", kNamespace, pnAlt, etElement, CreateShape),
          new CElementInfoSeqAbsClsCol(L"figure", kNamespace, pnFigures, etElement),
          new CElementInfoSeqClsCol(L"palette", kNamespace, pnPalettes, etElement),
-         new CElementInfoSeqClsOpt(L"label", kNamespace, pnLabel, etElement, CreateClass, cnLabel)},
+         new CElementInfoSeqClsOpt(L"label", kNamespace, pnLabel, etElement, CreateClass, cnLabel),
+         new CElementInfoSeqCol(L"Entry", kNamespace, pnEntries)},
         {});
     return data;
 }
@@ -689,6 +711,8 @@ int CGroups::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     case pnLabel:
         read ? value.SetXmlObject(m_label.Get()) : SetLabel(ObjectOf<CLabel>(value, L"label"));
         return 0;
+    case pnEntries:
+        return PassCollection(m_entries.Get(), read, value, L"Entry");
     }
     return UnknownProperty(propertyNumber);
 }

@@ -185,7 +185,7 @@ private:
 // The turns of the repeated choice, read while a new entry finds content of its own.
 class CEntryCol : public CXmlCollection {
 public:
-    CEntryCol();
+    explicit CEntryCol(int minOccurs);
     CEntry* Add();
     CEntry* GetEntry(int index) const { return static_cast<CEntry*>(Item(index)); }
 
@@ -195,13 +195,17 @@ public:
                              bool flag) override;
 };
 
-// A choice of repeated alternatives: items, two or three colours, or a run of entries.
+// A choice of repeated alternatives: items, two or three colours, a run of entries, shapes, sizes
+// or elements of other namespaces.
 class CPalette : public CGroupsClass<CPalette> {
 public:
     explicit CPalette(const wchar_t* elementName = L"Palette");
     CItemCol* GetItems() const { return m_items.Get(); }
     CColourCol* GetColours() const { return m_colours.Get(); }
     CEntryCol* GetEntries() const { return m_entries.Get(); }
+    CShapeCol* GetShapes() const { return m_shapes.Get(); }
+    CdecimalCol* GetSizes() const { return m_sizes.Get(); }
+    CElementCol* GetOthers() const { return m_others.Get(); }
 
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
     void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
@@ -212,6 +216,9 @@ private:
     CSmartPtr<CItemCol> m_items;
     CSmartPtr<CColourCol> m_colours;
     CSmartPtr<CEntryCol> m_entries;
+    CSmartPtr<CShapeCol> m_shapes;
+    CSmartPtr<CdecimalCol> m_sizes;
+    CSmartPtr<CElementCol> m_others;
 };
 
 // The Stamp group with its attribute group: "by" stands among the parent's children, "signed" on
@@ -306,6 +313,8 @@ public:
     TXmlClassCollection<CPalette>* GetPalettes() const { return m_palettes.Get(); }
     CLabel* GetLabel() const { return m_label.Get(); }
     void SetLabel(CLabel* value);
+    // The closing run of counts and notes.
+    CEntryCol* GetEntries() const { return m_entries.Get(); }
 
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
     void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
@@ -320,6 +329,7 @@ private:
     CSmartPtr<CShapeCol> m_figures;
     CSmartPtr<TXmlClassCollection<CPalette>> m_palettes;
     CSmartPtr<CLabel> m_label;
+    CSmartPtr<CEntryCol> m_entries;
 };
 
 // An all group whose members repeat. XML Schema 1.0 allows no xs:all member more than once, so this
