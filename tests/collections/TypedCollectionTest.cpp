@@ -213,15 +213,20 @@ TEST(TypedCollectionFacets, AViolationIsRefusedAfterTheAddWasAnnounced) {
     EXPECT_EQ(L"+", sink.log);
 }
 
-TEST(TypedCollectionFacets, ReadingStopsAtTheFirstRefusedValue) {
+TEST(TypedCollectionFacets, ReadingStopsAtTheFirstRefusedValueAndNamesItsElement) {
     CSmartPtr<CstringCol> col(new CstringCol(L"a", L"", 0, -1, L"[a-z]+", -1, 3, nullptr, nullptr, nullptr,
                                              nullptr, -1, -1, -1, CWhitespaceUtils::wsPreserve, nullptr));
     CXmlDocument document;
     document.LoadXml(L"<r><a>ab</a><a>abcd</a><a>c</a></r>");
     CXmlElement* root = document.GetDocumentElement();
-    EXPECT_EQ(L"Invalid Value for a [abcd].", MessageOf<CQxInvalidValueException>([&] {
-                  CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault, false);
-              }));
+    try {
+        CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault, false);
+        ADD_FAILURE() << "the long value was taken";
+    } catch (const CQxValidationException& e) {
+        EXPECT_EQ(L"/r/a[2]", e.GetPath());
+        ASSERT_NE(nullptr, dynamic_cast<const CQxInvalidValueException*>(e.GetInnerException()));
+        EXPECT_EQ(L"Invalid Value for a [abcd].", e.GetInnerException()->GetMessage());
+    }
     EXPECT_EQ(1, col->GetCount());
 }
 
