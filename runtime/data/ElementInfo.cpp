@@ -217,7 +217,13 @@ void ReadValueElement(const CElementInfo& info, const CSerializationContext& con
     // A nil element leaves the member as it was, although writing puts a nil member out as nil.
     if (!nil) {
         const std::wstring& text = element->GetText();
-        store(text.empty() && !info.GetDefaultValue().empty() ? info.GetDefaultValue() : text, *element);
+        try {
+            store(text.empty() && !info.GetDefaultValue().empty() ? info.GetDefaultValue() : text, *element);
+        } catch (const CQxException& e) {
+            // A text that does not convert is reported at its element, as a refused value is.
+            if (!e.GetPath().empty()) throw;
+            throw CQxValidationException(L"Failed to set the property value.", element->GetXPath(), e);
+        }
     }
     *current = element->GetNextSiblingElement();
 }

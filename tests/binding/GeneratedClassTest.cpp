@@ -309,10 +309,10 @@ TEST(SequenceReading, FailuresCarryThePathThroughEveryLevel) {
         Read<CRoot>(L"<root><head><id>x</id><kind>a</kind></head><g>1</g></root>");
         FAIL();
     } catch (const CQxValidationException& e) {
-        EXPECT_EQ(L"/root/head", e.GetPath());
-        EXPECT_EQ(L"Failed to process the element.\nPath: /root/head", e.GetMessage());
+        EXPECT_EQ(L"/root/head/id", e.GetPath());
+        EXPECT_EQ(L"Failed to process the element.\nPath: /root/head/id", e.GetMessage());
         ASSERT_NE(nullptr, e.GetInnerException());
-        EXPECT_EQ(L"/root/head", e.GetInnerException()->GetPath());
+        EXPECT_EQ(L"/root/head/id", e.GetInnerException()->GetPath());
     }
 }
 

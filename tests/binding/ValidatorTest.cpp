@@ -93,7 +93,7 @@ std::vector<InvalidCase> InvalidCases() {
          L"or '0'",
          L"/trip/distance"},
         {"UnknownEnumeration", Documents::Trip(L" id=\"T1\"", Replace(body, L"walk", L"fly")),
-         L"The value [fly] is not a valid TravelMode", L"/trip"},
+         L"The value [fly] is not a valid TravelMode", L"/trip/mode"},
         {"NilOnNonNillablePrimitive",
          Documents::Trip(L" id=\"T1\"", Replace(body, L"<title>Coast</title>", L"<title xsi:nil=\"true\"/>")),
          L"Invalid use of 'nil' attribute in non-nillable element.", L"/trip/title"},

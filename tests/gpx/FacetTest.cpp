@@ -75,7 +75,7 @@ TEST(Facets, VersionIsFixed) {
 TEST(Facets, FixIsAnEnumeration) {
     EXPECT_EQ(LoadFailure(Document(L"<wpt lat=\"0\" lon=\"0\"><fix>pps</fix></wpt>")), L"(loaded)");
     EXPECT_NE(LoadFailure(Document(L"<wpt lat=\"0\" lon=\"0\"><fix>4d</fix></wpt>"))
-                  .find(L"Path: /gpx/wpt\nThe value [4d] is not a valid fixType"),
+                  .find(L"Path: /gpx/wpt/fix\nThe value [4d] is not a valid fixType"),
               std::wstring::npos);
 }
 
