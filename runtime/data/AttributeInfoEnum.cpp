@@ -30,9 +30,8 @@ void CAttributeInfoEnum::AttributeToXml(const CSerializationContext& context,
 bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& context, CXmlGeneratedClass* object,
                                           CXmlAttribute* attribute) const {
     if (!IsThisAttribute(context, attribute)) return false;
-    QxVariant value;
-    value.SetI4(m_textToEnum(attribute->GetValue().c_str()));
-    InvokePropertySet(object, value, *attribute);
+    internal::StoreValue(*this, object, *attribute,
+                         [&](QxVariant& value) { value.SetI4(m_textToEnum(attribute->GetValue().c_str())); });
     return true;
 }
 

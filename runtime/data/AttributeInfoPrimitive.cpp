@@ -63,9 +63,9 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext&, CXm
     if (!attribute || attribute->GetLocalName() != GetName() ||
         attribute->GetNamespaceURI() != GetNamespace())
         return false;
-    QxVariant value;
-    value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
-    InvokePropertySet(object, value, *attribute);
+    internal::StoreValue(*this, object, *attribute, [&](QxVariant& value) {
+        value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
+    });
     return true;
 }
 

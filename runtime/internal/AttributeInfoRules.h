@@ -4,6 +4,7 @@
 #include <QxXmlLib16/Functions.h>
 #include <QxXmlLib16/QxVariant.h>
 #include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/XmlAttribute.h>
 #include <QxXmlLib16/data/AttributeInfo.h>
 
 #include <string>
@@ -30,6 +31,22 @@ inline void RequireFound(const CAttributeInfo& info, bool found) {
         throw QxXmlLib16::CQxValidationException(
             QxXmlLib16::FormatString(L"Failed to find the required Attribute [%ls].", info.GetName().c_str()),
             std::wstring());
+}
+
+// Converts the attribute's text and stores it; a text that does not convert is reported at the
+// attribute, as a value that the member refuses is.
+template <class Convert>
+void StoreValue(const CAttributeInfo& info, QxXmlLib16::CXmlGeneratedClass* object,
+                const QxXmlLib16::CXmlAttribute& attribute, Convert convert) {
+    QxXmlLib16::QxVariant value;
+    try {
+        convert(value);
+    } catch (const QxXmlLib16::CQxException& e) {
+        throw QxXmlLib16::CQxValidationException(
+            QxXmlLib16::FormatString(L"Failed to set the property value [%ls].", info.GetName().c_str()),
+            attribute.GetXPath(), e);
+    }
+    info.InvokePropertySet(object, value, attribute);
 }
 
 } // namespace internal

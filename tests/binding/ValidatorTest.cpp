@@ -82,7 +82,7 @@ std::vector<InvalidCase> InvalidCases() {
          L"un processed",
          L"/trip"},
         {"OutOfTypeRange", Documents::Trip(L" id=\"T1\"", body + L"<readings i4=\"1\" i1=\"200\"/>"),
-         L"The value [200] is to large to fit in a i1", L"/trip/readings"},
+         L"The value [200] is to large to fit in a i1", L"/trip/readings/@i1"},
         {"NotANumber", Documents::Trip(L" id=\"T1\"", Replace(body, L"<distance>12.5", L"<distance>far")),
          L"The string representing a Decimal, contained an invalid char at position 0 [far].",
          L"/trip/distance"},
@@ -91,7 +91,7 @@ std::vector<InvalidCase> InvalidCases() {
          L"A Boolean Value read from an XML document was invalid [maybe]. Valid values are 'true', 'false', "
          L"'1', "
          L"or '0'",
-         L"/trip/distance"},
+         L"/trip/distance/@approx"},
         {"UnknownEnumeration", Documents::Trip(L" id=\"T1\"", Replace(body, L"walk", L"fly")),
          L"The value [fly] is not a valid TravelMode", L"/trip/mode"},
         {"NilOnNonNillablePrimitive",
