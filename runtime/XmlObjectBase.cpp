@@ -14,6 +14,8 @@
 #include <QxXmlLib16/XmlObjectHelper.h>
 #include <QxXmlLib16/XmlTextWriter.h>
 
+#include "internal/EncodingTextStream.h"
+
 namespace QxXmlLib16 {
 
 namespace {
@@ -104,9 +106,9 @@ std::wstring CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLTyp
 CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding,
                                         EOLType eol, const CSerializationContext& context,
                                         CompressionType compression) const {
-    CTextStream stream(encoding);
+    internal::CEncodingTextStream stream(encoding);
     WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
-    CBinaryData data = stream.GetEncodedStream();
+    CBinaryData data = stream.TakeBytes();
     CQxZip::CompressData(data, compression);
     return data;
 }
