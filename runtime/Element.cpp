@@ -96,7 +96,7 @@ void CElement::Init(const wchar_t* name, const wchar_t* namespaceURI, const wcha
 
 const std::wstring& CElement::CollectionRule() const {
     static const std::wstring any = L"##any";
-    return m_restricted ? m_namespaceRule : any;
+    return m_restricted ? m_namespaceRule.Get() : any;
 }
 
 CAttributeCol* CElement::GetAttributes() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/SharedText.h>
 #include <QxXmlLib16/InstanceMonitor.h>
 #include <QxXmlLib16/XmlObjectBase.h>
 
@@ -35,7 +36,7 @@ protected:
 private:
     std::wstring m_name;
     std::wstring m_value;
-    std::wstring m_namespace;
+    CSharedText m_namespace;
 };
 
 } // namespace QxXmlLib16

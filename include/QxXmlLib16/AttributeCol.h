@@ -2,6 +2,7 @@
 
 #include <QxXmlLib16/Attribute.h>
 #include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/SharedText.h>
 #include <QxXmlLib16/InstanceMonitor.h>
 #include <QxXmlLib16/TypedItemIterator.h>
 #include <QxXmlLib16/XmlCollection.h>
@@ -66,8 +67,8 @@ private:
     CAttribute* Append(const wchar_t* name, const wchar_t* value, const wchar_t* namespaceURI);
     void CheckNamespaces(const std::wstring& namespaceRule, const std::wstring& targetNamespace) const;
 
-    std::wstring m_namespaceRule;
-    std::wstring m_targetNamespace;
+    CSharedText m_namespaceRule;
+    CSharedText m_targetNamespace;
 };
 
 } // namespace QxXmlLib16

@@ -2,6 +2,7 @@
 
 #include <QxXmlLib16/Export.h>
 #include <QxXmlLib16/InstanceMonitor.h>
+#include <QxXmlLib16/SharedText.h>
 #include <QxXmlLib16/SmartPtr.h>
 #include <QxXmlLib16/XmlObjectBase.h>
 
@@ -115,12 +116,12 @@ private:
 
     std::wstring m_name;
     std::wstring m_text;
-    std::wstring m_namespace;
-    std::wstring m_namespaceRule;
-    std::wstring m_targetNamespace;
+    CSharedText m_namespace;
+    CSharedText m_namespaceRule;
+    CSharedText m_targetNamespace;
     mutable CSmartPtr<CAttributeCol> m_attributes;
     mutable CSmartPtr<CElementCol> m_elements;
-    std::wstring m_defaultNamespace;
+    CSharedText m_defaultNamespace;
     bool m_restricted = false;
 };
 

@@ -2,6 +2,7 @@
 
 #include <QxXmlLib16/Element.h>
 #include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/SharedText.h>
 #include <QxXmlLib16/InstanceMonitor.h>
 #include <QxXmlLib16/TypedItemIterator.h>
 #include <QxXmlLib16/XmlCollection.h>
@@ -68,8 +69,8 @@ private:
     CXmlElement* ReadElements(CXmlElement* parent, CXmlElement* current, const CSerializationContext& context,
                               bool flag, const std::wstring& rule, Accept accept);
 
-    std::wstring m_namespaceRule;
-    std::wstring m_targetNamespace;
+    CSharedText m_namespaceRule;
+    CSharedText m_targetNamespace;
 };
 
 } // namespace QxXmlLib16

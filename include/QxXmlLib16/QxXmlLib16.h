@@ -39,6 +39,7 @@
 #include <QxXmlLib16/SerializationContext.h>
 #include <QxXmlLib16/SmartPtr.h>
 #include <QxXmlLib16/Optional.h>
+#include <QxXmlLib16/SharedText.h>
 #include <QxXmlLib16/XmlObjectBase.h>
 #include <QxXmlLib16/XmlObjectHelper.h>
 #include <QxXmlLib16/PrimitiveRestrictions.h>

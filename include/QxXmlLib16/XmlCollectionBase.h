@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/SharedText.h>
 #include <QxXmlLib16/XmlObjectBase.h>
 
 #include <string>
@@ -47,7 +48,7 @@ protected:
     void FireOnCollectionChange();
 
 private:
-    std::wstring m_namespace;
+    CSharedText m_namespace;
     std::vector<IEventSink*> m_listeners;
     int m_minOccurs;
     int m_maxOccurs;
