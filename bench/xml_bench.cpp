@@ -2,6 +2,7 @@
 //   xml_bench <document.xml>
 // Each phase runs alone on the document already in memory; the median of 5 runs is reported.
 
+#include "BareExpat.h"
 #include "BenchTiming.h"
 
 #include <QxXmlLib16/BinaryData.h>
@@ -10,8 +11,6 @@
 #include <QxXmlLib16/XmlDocument.h>
 #include <QxXmlLib16/XmlElement.h>
 #include <QxXmlLib16/XmlTextWriter.h>
-
-#include <expat.h>
 
 #include <algorithm>
 #include <chrono>
@@ -57,20 +56,6 @@ public:
     std::vector<unsigned char> bytes;
 };
 
-void XMLCALL NoStart(void*, const XML_Char*, const XML_Char**) {}
-void XMLCALL NoEnd(void*, const XML_Char*) {}
-void XMLCALL NoText(void*, const XML_Char*, int) {}
-
-void BareParse(const std::vector<unsigned char>& bytes) {
-    XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-    XML_SetElementHandler(parser, NoStart, NoEnd);
-    XML_SetCharacterDataHandler(parser, NoText);
-    if (XML_Parse(parser, reinterpret_cast<const char*>(bytes.data()), static_cast<int>(bytes.size()),
-                  XML_TRUE) != XML_STATUS_OK)
-        std::fprintf(stderr, "bare parse failed\n");
-    XML_ParserFree(parser);
-}
-
 // Attributes, own text, then children: the order the binding writes in.
 void WriteTree(const CXmlElement& element, CXmlWriter& writer) {
     writer.WriteStartElement(element.GetLocalName(), element.GetNamespaceURI());
@@ -90,15 +75,13 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: %s <document.xml>\n", argv[0]);
         return 2;
     }
-    std::ifstream file(argv[1], std::ios::binary);
-    const std::vector<unsigned char> input((std::istreambuf_iterator<char>(file)),
-                                           std::istreambuf_iterator<char>());
+    const std::vector<unsigned char> input = bench::ReadFile(argv[1]);
     if (input.empty()) {
         std::fprintf(stderr, "cannot read %s\n", argv[1]);
         return 2;
     }
 
-    const double bare = MedianSeconds([&] { BareParse(input); });
+    const double bare = MedianSeconds([&] { bench::BareParse(input); });
 
     CXmlDocument document;
     document.LoadXmlStream(const_cast<unsigned char*>(input.data()), input.size());

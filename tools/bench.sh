@@ -2,6 +2,8 @@
 # Builds the benchmarks (optimised, in build-bench/) and runs one of them.
 #   tools/bench.sh xml [points]   XML text load and write on a generated GPX document
 #                                 (default 178000 track points, about 50 MB)
+#   tools/bench.sh gpx [points]   the GPX bindings against gSOAP and CodeSynthesis XSD on the same
+#                                 document; installs the peers' Debian packages first
 #   tools/bench.sh <name>         any other bench/<name>_bench.cpp
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -12,9 +14,12 @@ if [ $# -lt 1 ]; then
 fi
 name="$1"
 build=build-bench
+if [ "$name" = gpx ]; then
+    bash tools/install-deps.sh gsoap libgsoap-dev xsdcxx libxerces-c-dev
+fi
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DQX_BUILD_BENCH=ON -DQX_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j 2 --target "${name}_bench"
-if [ "$name" = xml ]; then
+if [ "$name" = xml ] || [ "$name" = gpx ]; then
     points="${2:-178000}"
     document="$build/bench-$points.gpx"
     [ -f "$document" ] || python3 ../shared/tools/gen_gpx.py --points "$points" -o "$document"
