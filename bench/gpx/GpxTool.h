@@ -14,7 +14,8 @@ public:
     // Reads the document into the tool's objects, validating as far as the tool can; throws on
     // failure. Objects of an earlier load are released first.
     virtual void Load(const std::vector<unsigned char>& document) = 0;
-    // Writes the loaded objects as indented UTF-8 XML into memory; returns the number of bytes.
+    // Writes the loaded objects as UTF-8 XML without indentation (each peer's default) into
+    // memory; returns the number of bytes.
     virtual size_t Write() = 0;
 };
 

@@ -6,32 +6,39 @@
 
 #include "ns1.nsmap"
 
-#include <istream>
+#include <algorithm>
+#include <cstring>
 #include <stdexcept>
-#include <streambuf>
 #include <string>
 
 namespace bench {
 namespace {
 
-// Reads the document where it lies, without a copy into a string stream.
-class CMemoryBuffer : public std::streambuf {
-public:
-    explicit CMemoryBuffer(const std::vector<unsigned char>& bytes) {
-        char* begin = const_cast<char*>(reinterpret_cast<const char*>(bytes.data()));
-        setg(begin, begin, begin + bytes.size());
-    }
+// Hands gSOAP the document where it lies, without a copy or a stream in between.
+struct CCursor {
+    const unsigned char* next;
+    const unsigned char* end;
 };
+
+size_t ReceiveFromMemory(soap* context, char* buffer, size_t capacity) {
+    CCursor& input = *static_cast<CCursor*>(context->user);
+    const size_t length = std::min(capacity, static_cast<size_t>(input.end - input.next));
+    std::memcpy(buffer, input.next, length);
+    input.next += length;
+    return length;
+}
+
+int SendToMemory(soap* context, const char* bytes, size_t length) {
+    static_cast<std::string*>(context->user)->append(bytes, length);
+    return SOAP_OK;
+}
 
 class CGsoapTool : public CGpxTool {
 public:
     CGsoapTool()
         : m_soap(soap_new1(SOAP_XML_STRICT | SOAP_C_UTFSTRING)) {
-        m_soap->user = &m_output;
-        m_soap->fsend = [](soap* context, const char* bytes, size_t length) {
-            static_cast<std::string*>(context->user)->append(bytes, length);
-            return SOAP_OK;
-        };
+        m_soap->frecv = ReceiveFromMemory;
+        m_soap->fsend = SendToMemory;
     }
     ~CGsoapTool() override {
         Release();
@@ -40,18 +47,16 @@ public:
 
     void Load(const std::vector<unsigned char>& document) override {
         Release();
-        CMemoryBuffer buffer(document);
-        std::istream input(&buffer);
-        m_soap->is = &input;
+        CCursor input{document.data(), document.data() + document.size()};
+        m_soap->user = &input;
         m_gpx = soap_new__ns1__gpx(m_soap);
-        const int status = soap_read__ns1__gpx(m_soap, m_gpx);
-        m_soap->is = nullptr;
-        if (status != SOAP_OK) throw std::runtime_error("gSOAP refused the document");
+        if (soap_read__ns1__gpx(m_soap, m_gpx) != SOAP_OK)
+            throw std::runtime_error("gSOAP refused the document");
     }
 
     size_t Write() override {
         m_output.clear();
-        soap_set_omode(m_soap, SOAP_XML_INDENT);
+        m_soap->user = &m_output;
         if (soap_write__ns1__gpx(m_soap, m_gpx) != SOAP_OK) throw std::runtime_error("gSOAP failed to write");
         return m_output.size();
     }

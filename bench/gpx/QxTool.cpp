@@ -13,7 +13,7 @@ public:
         m_gpx->FromXmlStream(const_cast<unsigned char*>(document.data()),
                              static_cast<unsigned long>(document.size()));
     }
-    size_t Write() override { return m_gpx->ToXmlStream().GetLength(); }
+    size_t Write() override { return m_gpx->ToXmlStream(true, false).GetLength(); }
 
 private:
     QxXmlLib16::CSmartPtr<Gpx::CGpx> m_gpx;

@@ -34,7 +34,7 @@ public:
 
     size_t Write() override {
         xercesc::MemBufFormatTarget target;
-        gpx11::gpx(target, *m_gpx, m_namespaces, "UTF-8");
+        gpx11::gpx(target, *m_gpx, m_namespaces, "UTF-8", xml_schema::flags::dont_pretty_print);
         return target.getLen();
     }
 
