@@ -7,20 +7,17 @@
 // load, the document bytes included.
 
 #include "BareExpat.h"
+#include "BenchTiming.h"
 #include "gpx/GpxTool.h"
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <fstream>
 #include <functional>
-#include <string>
 #include <vector>
 
 namespace {
@@ -31,21 +28,6 @@ struct Sample {
     long peakKiB;
     size_t written;
 };
-
-template <class Action>
-double Seconds(Action action) {
-    const auto start = std::chrono::steady_clock::now();
-    action();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-long PeakResidentKiB() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line))
-        if (line.compare(0, 6, "VmHWM:") == 0) return std::stol(line.substr(6));
-    return -1;
-}
 
 typedef std::function<Sample(const std::vector<unsigned char>&)> Measure;
 

@@ -25,15 +25,6 @@ using namespace QxXmlLib16;
 
 namespace {
 
-long PeakResidentKiB() {
-    std::ifstream status("/proc/self/status");
-    std::string line;
-    while (std::getline(status, line)) {
-        if (line.compare(0, 6, "VmHWM:") == 0) return std::stol(line.substr(6));
-    }
-    return -1;
-}
-
 // Encodes each block the writer flushes (every 4096 characters) into UTF-8 bytes, as a file stream
 // does, so that the whole document never waits as wide text.
 class Utf8Sink : public CTextStream {

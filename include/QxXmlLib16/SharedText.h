@@ -27,8 +27,4 @@ private:
     std::shared_ptr<const std::wstring> m_text;
 };
 
-inline bool operator==(const CSharedText& a, const std::wstring& b) {
-    return a.Get() == b;
-}
-
 } // namespace QxXmlLib16

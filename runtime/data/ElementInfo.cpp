@@ -201,11 +201,11 @@ bool CElementInfo::ElementToXmlEnum(const CSerializationContext&, const CXmlGene
 
 namespace {
 
-// Reads the element at *current as a value member: checks its attributes, hands its text (or the
-// default for an empty element) to store unless the element is nil, and moves past it.
-template <class Store>
-void ReadValueElement(const CElementInfo& info, const CSerializationContext& context, CXmlElement** current,
-                      Store store) {
+// Reads the element at *current as a value member: checks its attributes, converts its text (or the
+// default for an empty element) and stores it unless the element is nil, and moves past it.
+template <class Convert>
+void ReadValueElement(const CElementInfo& info, const CSerializationContext& context,
+                      CXmlGeneratedClass* object, CXmlElement** current, Convert convert) {
     CXmlElement* element = *current;
     bool nil = false;
     for (CXmlAttribute* attribute : element->GetAttributes()) {
@@ -217,13 +217,14 @@ void ReadValueElement(const CElementInfo& info, const CSerializationContext& con
     // A nil element leaves the member as it was, although writing puts a nil member out as nil.
     if (!nil) {
         const std::wstring& text = element->GetText();
+        QxVariant value;
         try {
-            store(text.empty() && !info.GetDefaultValue().empty() ? info.GetDefaultValue() : text, *element);
+            convert(text.empty() && !info.GetDefaultValue().empty() ? info.GetDefaultValue() : text, value);
         } catch (const CQxException& e) {
             // A text that does not convert is reported at its element, as a refused value is.
-            if (!e.GetPath().empty()) throw;
             throw CQxValidationException(L"Failed to set the property value.", element->GetXPath(), e);
         }
+        info.InvokePropertySet(object, value, *element);
     }
     *current = element->GetNextSiblingElement();
 }
@@ -232,19 +233,15 @@ void ReadValueElement(const CElementInfo& info, const CSerializationContext& con
 
 void CElementInfo::ElementFromXmlPrim(const CSerializationContext& context, CXmlGeneratedClass* object,
                                       CXmlElement** current) const {
-    ReadValueElement(*this, context, current, [&](const std::wstring& text, const CXmlElement& element) {
-        QxVariant value;
+    ReadValueElement(*this, context, object, current, [&](const std::wstring& text, QxVariant& value) {
         value.FromString(text, m_itemType, m_whitespaceRule);
-        InvokePropertySet(object, value, element);
     });
 }
 
 void CElementInfo::ElementFromXmlEnum(const CSerializationContext& context, CXmlGeneratedClass* object,
                                       CXmlElement** current) const {
-    ReadValueElement(*this, context, current, [&](const std::wstring& text, const CXmlElement& element) {
-        QxVariant value;
+    ReadValueElement(*this, context, object, current, [&](const std::wstring& text, QxVariant& value) {
         value.SetI4(m_textToEnum(text.c_str()));
-        InvokePropertySet(object, value, element);
     });
 }
 
