@@ -4,14 +4,14 @@
 // values to text and writing them through the same writer without a collection.
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/Conversions.h>
-#include <QxXmlLib16/SmartPtr.h>
-#include <QxXmlLib16/TextStream.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlTextWriter.h>
-#include <QxXmlLib16/i4Col.h>
-#include <QxXmlLib16/stringCol.h>
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/foundation/SmartPtr.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
+#include <QxXmlLib16/collections/i4Col.h>
+#include <QxXmlLib16/collections/stringCol.h>
 
 #include <algorithm>
 #include <chrono>

@@ -4,10 +4,10 @@
 
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/Conversions.h>
-#include <QxXmlLib16/DateTime.h>
-#include <QxXmlLib16/DateTimeSpan.h>
-#include <QxXmlLib16/Decimal.h>
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/values/DateTime.h>
+#include <QxXmlLib16/values/DateTimeSpan.h>
+#include <QxXmlLib16/values/Decimal.h>
 
 #include <algorithm>
 #include <chrono>

@@ -4,8 +4,8 @@
 
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/DateTime.h>
-#include <QxXmlLib16/DateTimeSpan.h>
+#include <QxXmlLib16/values/DateTime.h>
+#include <QxXmlLib16/values/DateTimeSpan.h>
 
 #include <algorithm>
 #include <chrono>

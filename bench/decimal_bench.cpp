@@ -4,7 +4,7 @@
 
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/Decimal.h>
+#include <QxXmlLib16/values/Decimal.h>
 
 #include <algorithm>
 #include <chrono>

@@ -3,9 +3,9 @@
 // naive per-character encoder, and appending octets to a CBinaryData against std::vector.
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/BinaryData.h>
-#include <QxXmlLib16/Encoder.h>
-#include <QxXmlLib16/StringBuffer.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/foundation/Encoder.h>
+#include <QxXmlLib16/foundation/StringBuffer.h>
 
 #include <algorithm>
 #include <chrono>

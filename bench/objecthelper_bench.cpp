@@ -4,10 +4,10 @@
 // does anyway, measured in the same run.
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/Conversions.h>
-#include <QxXmlLib16/Decimal.h>
-#include <QxXmlLib16/PrimitiveRestrictions.h>
-#include <QxXmlLib16/XmlObjectHelper.h>
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/values/Decimal.h>
+#include <QxXmlLib16/data/PrimitiveRestrictions.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
 
 #include <algorithm>
 #include <chrono>

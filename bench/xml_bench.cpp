@@ -5,12 +5,12 @@
 #include "BareExpat.h"
 #include "BenchTiming.h"
 
-#include <QxXmlLib16/BinaryData.h>
-#include <QxXmlLib16/TextStream.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlTextWriter.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include <algorithm>
 #include <chrono>

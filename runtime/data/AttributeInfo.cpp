@@ -1,12 +1,12 @@
 #include <QxXmlLib16/data/AttributeInfo.h>
 
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/Functions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/SerializationContext.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlGeneratedClass.h>
-#include <QxXmlLib16/XmlObjectHelper.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
 
 using namespace QxXmlLib16;
 

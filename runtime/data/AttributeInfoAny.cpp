@@ -1,11 +1,11 @@
 #include <QxXmlLib16/data/AttributeInfoAny.h>
 
-#include <QxXmlLib16/AttributeCol.h>
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlCollectionBase.h>
-#include <QxXmlLib16/XmlGeneratedClass.h>
+#include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
 
 using namespace QxXmlLib16;
 

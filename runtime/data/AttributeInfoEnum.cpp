@@ -1,10 +1,10 @@
 #include <QxXmlLib16/data/AttributeInfoEnum.h>
 
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlWriter.h>
 
-#include "internal/AttributeInfoRules.h"
+#include "data/AttributeInfoRules.h"
 
 using namespace QxXmlLib16;
 

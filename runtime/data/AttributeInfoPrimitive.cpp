@@ -1,14 +1,14 @@
 #include <QxXmlLib16/data/AttributeInfoPrimitive.h>
 
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/Functions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/SerializationContext.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlObjectHelper.h>
-#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
+#include <QxXmlLib16/xml/XmlWriter.h>
 
-#include "internal/AttributeInfoRules.h"
+#include "data/AttributeInfoRules.h"
 
 using namespace QxXmlLib16;
 

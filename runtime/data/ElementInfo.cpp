@@ -1,17 +1,17 @@
 #include <QxXmlLib16/data/ElementInfo.h>
 
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/Functions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/SerializationContext.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlCollectionBase.h>
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlGeneratedClass.h>
-#include <QxXmlLib16/XmlObjectHelper.h>
-#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
+#include <QxXmlLib16/xml/XmlWriter.h>
 
-#include "internal/NilValue.h"
+#include "binding/NilValue.h"
 
 #include <cwchar>
 

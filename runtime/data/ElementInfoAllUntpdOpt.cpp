@@ -1,6 +1,6 @@
 #include <QxXmlLib16/data/ElementInfoAllUntpdOpt.h>
 
-#include "internal/ElementMember.h"
+#include "data/ElementMember.h"
 
 using namespace QxXmlLib16;
 

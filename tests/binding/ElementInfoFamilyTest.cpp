@@ -1,12 +1,12 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxVariant.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/QxXmlLib16.h>
-#include <QxXmlLib16/TextStream.h>
-#include <QxXmlLib16/XmlCollection.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlTextWriter.h>
-#include <QxXmlLib16/i4Col.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/collections/XmlCollection.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
+#include <QxXmlLib16/collections/i4Col.h>
 
 #include "binding/support/FamilyFixtures.h"
 #include "foundation/support/MessageOf.h"

@@ -1,6 +1,6 @@
-#include <QxXmlLib16/Element.h>
-#include <QxXmlLib16/ElementCol.h>
-#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/collections/Element.h>
+#include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/QxXmlLib16.h>
 
 #include "binding/support/FamilyFixtures.h"

@@ -1,10 +1,10 @@
-#include <QxXmlLib16/BinaryData.h>
-#include <QxXmlLib16/ClassfactoryBase.h>
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlGeneratedClass.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/binding/ClassfactoryBase.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/data/AttributeInfo.h>
 #include <QxXmlLib16/data/ElementInfoSeqClsMnd.h>
 #include <QxXmlLib16/data/ElementInfoSeqClsOpt.h>
@@ -15,7 +15,7 @@
 #include <QxXmlLib16/data/ParentElementInfo.h>
 
 #include "foundation/support/MessageOf.h"
-#include "internal/ElementMember.h"
+#include "data/ElementMember.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/SmartPtr.h>
-#include <QxXmlLib16/XmlCollectionBase.h>
-#include <QxXmlLib16/XmlObjectBase.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/foundation/SmartPtr.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/binding/XmlObjectBase.h>
 
 #include "foundation/support/MessageOf.h"
 

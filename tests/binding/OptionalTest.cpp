@@ -1,5 +1,5 @@
-#include <QxXmlLib16/Decimal.h>
-#include <QxXmlLib16/Optional.h>
+#include <QxXmlLib16/values/Decimal.h>
+#include <QxXmlLib16/foundation/Optional.h>
 
 #include <gtest/gtest.h>
 

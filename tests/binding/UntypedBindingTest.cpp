@@ -1,9 +1,9 @@
-#include <QxXmlLib16/AttributeCol.h>
-#include <QxXmlLib16/ClassMetaData.h>
-#include <QxXmlLib16/ElementCol.h>
-#include <QxXmlLib16/PrimitiveRestrictions.h>
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/XmlGeneratedClass.h>
+#include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/binding/ClassMetaData.h>
+#include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/data/PrimitiveRestrictions.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/data/AttributeInfoAny.h>
 #include <QxXmlLib16/data/AttributeInfoPrimitive.h>
 #include <QxXmlLib16/data/ParentElementInfo.h>

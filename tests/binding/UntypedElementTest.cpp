@@ -1,9 +1,9 @@
-#include <QxXmlLib16/AttributeCol.h>
-#include <QxXmlLib16/ElementCol.h>
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/SerializationContext.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
 
 #include "binding/support/Untyped.h"
 

@@ -1,8 +1,8 @@
-#include <QxXmlLib16/AttributeCol.h>
-#include <QxXmlLib16/ElementCol.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/SerializationContext.h>
-#include <QxXmlLib16/SmartPtr.h>
-#include <QxXmlLib16/XmlCollection.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/foundation/SmartPtr.h>
+#include <QxXmlLib16/collections/XmlCollection.h>
 
 #include "collections/support/Recorders.h"
 #include "foundation/support/MessageOf.h"

@@ -1,4 +1,4 @@
-#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include <gtest/gtest.h>
 

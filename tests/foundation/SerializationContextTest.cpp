@@ -1,5 +1,5 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/SerializationContext.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include <QxXmlLib16/SharedText.h>
+#include <QxXmlLib16/foundation/SharedText.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include <QxXmlLib16/BinaryStream.h>
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxZip.h>
-#include <QxXmlLib16/StringBuffer.h>
-#include <QxXmlLib16/TextStream.h>
+#include <QxXmlLib16/foundation/BinaryStream.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/QxZip.h>
+#include <QxXmlLib16/foundation/StringBuffer.h>
+#include <QxXmlLib16/foundation/TextStream.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/Functions.h>
-#include <QxXmlLib16/WhitespaceUtils.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/foundation/WhitespaceUtils.h>
 
 #include <gtest/gtest.h>
 

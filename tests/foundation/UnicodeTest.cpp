@@ -1,5 +1,5 @@
-#include <QxXmlLib16/ConvertUTF.h>
-#include <QxXmlLib16/Encoder.h>
+#include <QxXmlLib16/foundation/ConvertUTF.h>
+#include <QxXmlLib16/foundation/Encoder.h>
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include <QxXmlLib16/BigInteger.h>
-#include <QxXmlLib16/BinaryData.h>
-#include <QxXmlLib16/Conversions.h>
-#include <QxXmlLib16/DateTime.h>
-#include <QxXmlLib16/DateTimeSpan.h>
-#include <QxXmlLib16/Decimal.h>
-#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/values/BigInteger.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/values/DateTime.h>
+#include <QxXmlLib16/values/DateTimeSpan.h>
+#include <QxXmlLib16/values/Decimal.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include <QxXmlLib16/BigInteger.h>
-#include <QxXmlLib16/Decimal.h>
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxVariant.h>
+#include <QxXmlLib16/values/BigInteger.h>
+#include <QxXmlLib16/values/Decimal.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/QxVariant.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include <QxXmlLib16/BinaryData.h>
-#include <QxXmlLib16/TextStream.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlTextWriter.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include "support/TreeWalk.h"
 

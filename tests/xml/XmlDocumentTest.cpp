@@ -1,8 +1,8 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/QxZip.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/QxZip.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
 
 #include <gtest/gtest.h>
 

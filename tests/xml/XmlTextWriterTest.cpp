@@ -1,6 +1,6 @@
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/TextStream.h>
-#include <QxXmlLib16/XmlTextWriter.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QxXmlLib16/Export.h>
-#include <QxXmlLib16/PrimitiveRestrictions.h>
-#include <QxXmlLib16/Types.h>
-#include <QxXmlLib16/WhitespaceUtils.h>
+#include <QxXmlLib16/foundation/Export.h>
+#include <QxXmlLib16/data/PrimitiveRestrictions.h>
+#include <QxXmlLib16/foundation/Types.h>
+#include <QxXmlLib16/foundation/WhitespaceUtils.h>
 #include <QxXmlLib16/data/AttributeInfo.h>
 
 namespace QxXmlLib16Data {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QxXmlLib16/Export.h>
+#include <QxXmlLib16/foundation/Export.h>
 #include <QxXmlLib16/data/ElementInfo.h>
 
 namespace QxXmlLib16Data {

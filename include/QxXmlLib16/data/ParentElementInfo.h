@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QxXmlLib16/Export.h>
-#include <QxXmlLib16/Types.h>
+#include <QxXmlLib16/foundation/Export.h>
+#include <QxXmlLib16/foundation/Types.h>
 #include <QxXmlLib16/data/ElementInfo.h>
 
 #include <string>

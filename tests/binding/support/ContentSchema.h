@@ -2,9 +2,9 @@
 
 // Bindings of content.xsd (namespace urn:qx:test:content), written as the code generator emits them.
 
-#include <QxXmlLib16/AttributeCol.h>
-#include <QxXmlLib16/Element.h>
-#include <QxXmlLib16/ElementCol.h>
+#include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/collections/Element.h>
+#include <QxXmlLib16/collections/ElementCol.h>
 #include <QxXmlLib16/QxXmlLib16.h>
 
 namespace ContentSchema {

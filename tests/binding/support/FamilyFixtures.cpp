@@ -1,11 +1,11 @@
 #include "binding/support/FamilyFixtures.h"
 
-#include <QxXmlLib16/Exceptions.h>
-#include <QxXmlLib16/TextStream.h>
-#include <QxXmlLib16/XmlAttribute.h>
-#include <QxXmlLib16/XmlDocument.h>
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlTextWriter.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
 #include <QxXmlLib16/data/AttributeInfoPrimitive.h>
 #include <QxXmlLib16/data/ElementInfoSeqPrimOpt.h>
 #include <QxXmlLib16/data/ParentElementInfo.h>

@@ -2,10 +2,10 @@
 
 // Minimal hand-written "generated" classes for testing element descriptors one at a time.
 
-#include <QxXmlLib16/QxVariant.h>
-#include <QxXmlLib16/SerializationContext.h>
-#include <QxXmlLib16/XmlCollection.h>
-#include <QxXmlLib16/XmlGeneratedClass.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/collections/XmlCollection.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/data/ElementInfo.h>
 
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QxXmlLib16/Exceptions.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include <string>
 

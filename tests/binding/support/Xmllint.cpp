@@ -1,7 +1,7 @@
 #include "Xmllint.h"
 
-#include <QxXmlLib16/BinaryData.h>
-#include <QxXmlLib16/Encoder.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/foundation/Encoder.h>
 
 #include <atomic>
 #include <cstdio>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QxXmlLib16/Functions.h>
-#include <QxXmlLib16/XmlCollectionBase.h>
-#include <QxXmlLib16/XmlObjectBase.h>
-#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/binding/XmlObjectBase.h>
+#include <QxXmlLib16/xml/XmlWriter.h>
 
 #include <string>
 

@@ -2,7 +2,7 @@
 
 // Files and checks shared by the GPX proof tests.
 
-#include <QxXmlLib16/XmlElement.h>
+#include <QxXmlLib16/xml/XmlElement.h>
 
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 #include "TreeWalk.h"
 
-#include <QxXmlLib16/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
 
 using namespace QxXmlLib16;
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QxXmlLib16/XmlElement.h>
-#include <QxXmlLib16/XmlWriter.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/xml/XmlWriter.h>
 
 #include <string>
 

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <QxXmlLib16/foundation/Export.h>
+#include <QxXmlLib16/foundation/InstanceMonitor.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace QxXmlLib16 {
+
+class CXmlElement;
+class CExpatReader;
+namespace internal {
+struct CDocumentStore;
+}
+
+// Called with each element as soon as its end tag is read. Returning true detaches and destroys the
+// element, so that a caller can consume a huge document piece by piece; never return true for the
+// document element.
+typedef bool (*ElementCompleteCallback)(CXmlElement* element);
+
+// The tree a reader builds from a document, and the namespace aliases declared in it. Every Load
+// operation starts from an empty document, so one object can load many documents in turn.
+class QX_API CXmlDocument : public CInstanceMonitor {
+public:
+    CXmlDocument();
+    explicit CXmlDocument(const CSerializationContext& context);
+    explicit CXmlDocument(ElementCompleteCallback callback);
+    CXmlDocument(ElementCompleteCallback callback, const CSerializationContext& context);
+    ~CXmlDocument() override;
+    CXmlDocument(const CXmlDocument&) = delete;
+    CXmlDocument& operator=(const CXmlDocument&) = delete;
+
+    void Init();
+    // Drops the tree, the input and the aliases.
+    virtual void Cleanup();
+
+    // Reads a whole file. Throws "Failed to open the file [%ls].", "Failed to get the size of the
+    // file [%ls] Error [%d]" or "Failed to read the contents of the file [%ls] Error [%d]" (also for
+    // an empty file).
+    void Load(const wchar_t* fileName);
+    // Loads bytes, compressed or not. Throws "XML Stream is empty!" for length 0.
+    void LoadXmlStream(unsigned char* data, unsigned long length);
+    // XML text as narrow bytes (UTF-8 unless declared otherwise), never compressed.
+    // Throws "XML String is empty!" for null or empty text.
+    void LoadXml(const char* text);
+    // Wide text, handed to the parser as UTF-16 units (characters above U+FFFF are cut to their
+    // low 16 bits). Throws "XML String is empty!" for null or empty text.
+    void LoadXml(const wchar_t* text);
+
+    CXmlElement* GetDocumentElement() const { return m_documentElement; }
+    const CSerializationContext& GetSerializationContext() const { return *m_context; }
+    SchemaType GetSchemaType() const { return m_schemaType; }
+    // Aliases (prefixes) to namespace URIs, as declared anywhere in the document; the last
+    // declaration of an alias wins.
+    const std::map<std::wstring, std::wstring>& GetAliasMap() const { return m_aliases; }
+    void SetAlias(const std::wstring& alias, const std::wstring& namespaceURI);
+    // The URI bound to the alias, or an empty string.
+    std::wstring LookupNamespaceFromAlias(const wchar_t* alias) const;
+    // The first alias, in alias order, bound to exactly this URI, or an empty string.
+    std::wstring LookupAliasFromNamespace(const wchar_t* namespaceURI) const;
+
+    // Tree building for readers, in document order. Null names count as empty.
+    CXmlElement* AddDocElement(const wchar_t* namespaceURI, const wchar_t* localName);
+    // A new last child of the element being read, which it then replaces.
+    CXmlElement* AddChildElement(const wchar_t* namespaceURI, const wchar_t* localName);
+    void AddElementAttribute(CXmlElement* element, const wchar_t* localName, const wchar_t* value,
+                             const wchar_t* namespaceURI);
+    // Appends text without its carriage returns, up to the first NUL character.
+    void AppendTextExcludingCR(CXmlElement* element, const wchar_t* text, unsigned long length);
+    void AppendTextExcludingCR(CXmlElement* element, const wchar_t* text);
+    // Closes the element being read and offers it to the element-complete callback.
+    void EndElement();
+
+protected:
+    // Parses the input buffer: compressed input is inflated first.
+    void Parse();
+    // Parses the input buffer as XML text.
+    void ParseText();
+
+private:
+    friend class CXmlElement;
+    friend class CXmlAttribute;
+    friend class CExpatReader;
+
+    void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
+    void TakeInput(const unsigned char* data, unsigned long length);
+    // Names are interned in the document's table, or in one process-wide table for nodes that
+    // belong to no document; node memory comes from the document's pool, or from the heap.
+    static const std::wstring& InternName(const CXmlDocument* document, const wchar_t* text, size_t length);
+    static void* AllocateNode(const CXmlDocument* document, size_t size);
+    // Opens an element with names interned in this document.
+    CXmlElement* OpenElement(const std::wstring& namespaceURI, const std::wstring& localName);
+
+    CXmlElement* m_documentElement;
+    std::vector<CXmlElement*> m_openElements;
+    std::map<std::wstring, std::wstring> m_aliases;
+    unsigned char* m_input; // malloc'ed, as inflating replaces it
+    unsigned long m_inputLength;
+    SchemaType m_schemaType;
+    ElementCompleteCallback m_elementComplete;
+    const CSerializationContext* m_context;
+    std::unique_ptr<internal::CDocumentStore> m_store;
+};
+
+} // namespace QxXmlLib16

@@ -1,0 +1,367 @@
+#include <QxXmlLib16/binding/XmlObjectBase.h>
+
+#include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/foundation/BinaryStream.h>
+#include <QxXmlLib16/collections/Element.h>
+#include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/foundation/QxZip.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
+
+#include "foundation/EncodingTextStream.h"
+
+namespace QxXmlLib16 {
+
+namespace {
+
+// Read without a lock: it is a process-wide switch meant to be set once at start-up.
+bool g_asyncToXmlFile = false;
+
+const wchar_t* const kZlibToFile = L"ZLIB Compression only available for To Stream methods.";
+const wchar_t* const kAlreadySet =
+    L"The Property [%ls] is already set. Only one element within this class bay be set at a time";
+
+[[noreturn]] void ThrowNotAvailable(const wchar_t* what) {
+    throw CQxInvalidStateException(
+        FormatString(L"%ls is not available yet: this build of the library has no such encoding.", what));
+}
+
+void FireEvent(IEventSink* sink, CXmlCollectionBase* collection, IEventSink::MsgType type, void* data) {
+    if (sink) sink->OnEvent(collection->GetBase(), type, data);
+}
+
+} // namespace
+
+void AsyncToXmlFile(bool enable) {
+    g_asyncToXmlFile = enable;
+}
+
+CXmlObjectBase::CXmlObjectBase()
+    : m_refCount(0) {}
+
+CXmlObjectBase::CXmlObjectBase(const CXmlObjectBase& other)
+    : IEventSink(other)
+    , m_refCount(0)
+    , m_elementName(other.m_elementName) {}
+
+CXmlObjectBase& CXmlObjectBase::operator=(const CXmlObjectBase& other) {
+    m_elementName = other.m_elementName; // the count belongs to this object, not to its value
+    return *this;
+}
+
+CXmlObjectBase::~CXmlObjectBase() = default;
+
+void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
+
+long long CXmlObjectBase::AddRef() {
+    CQXLock lock(m_refLock);
+    return ++m_refCount;
+}
+
+long long CXmlObjectBase::Release() {
+    long long count;
+    {
+        CQXLock lock(m_refLock);
+        count = --m_refCount;
+    }
+    // The lock is left before deleting: it is a member of the object being destroyed.
+    if (count == 0) delete this;
+    return count;
+}
+
+// ---- Output ------------------------------------------------------------------------------------
+
+namespace {
+
+// Runs the root serialization of object into stream as XML text.
+void WriteXmlText(const CXmlObjectBase& object, CTextStream& stream, bool includeDocHeader, bool formatted,
+                  EOLType eol, const CSerializationContext& context) {
+    CXmlTextWriter writer(stream);
+    writer.Open();
+    writer.SetFormat(formatted);
+    writer.SetIndentChars(context.GetIndentChars().c_str());
+    writer.SetEOLType(eol);
+    writer.SetWriteDefaultElementValues(context.GetWriteDefaultElementValues());
+    if (includeDocHeader) writer.WriteStartDocument();
+    std::wstring targetNamespace = object.GetTargetNamespace();
+    CXmlObjectBase::ToXml_Int(&object, &writer, true, targetNamespace.c_str(), context, false);
+    writer.Close();
+}
+
+} // namespace
+
+std::wstring CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType eol,
+                                   const CSerializationContext& context) const {
+    CTextStream stream;
+    WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+    return std::wstring(stream.GetText(), stream.GetLength());
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding,
+                                        EOLType eol, const CSerializationContext& context,
+                                        CompressionType compression) const {
+    internal::CEncodingTextStream stream(encoding);
+    WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+    CBinaryData data = stream.TakeBytes();
+    CQxZip::CompressData(data, compression);
+    return data;
+}
+
+void CXmlObjectBase::ToXmlFile(const wchar_t* fileName, bool includeDocHeader, bool formatted,
+                               XmlEncoding encoding, EOLType eol, const CSerializationContext& context,
+                               CompressionType compression) const {
+    if (compression == ctZlib) throw CQxException(kZlibToFile);
+    if (g_asyncToXmlFile || compression != ctNone) {
+        CBinaryData data = ToXmlStream(includeDocHeader, formatted, encoding, eol, context, compression);
+        CFileBinaryStream(fileName, encoding, data).ToFile();
+        return;
+    }
+    CFileTextStream stream(fileName, encoding); // opened by the writer
+    WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+}
+
+void CXmlObjectBase::ToFastInfosetFile(const wchar_t*, FInfoDecl, const CSerializationContext&,
+                                       CompressionType compression) const {
+    if (compression == ctZlib) throw CQxException(kZlibToFile);
+    ThrowNotAvailable(L"Fast Infoset output");
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CSerializationContext&,
+                                                CompressionType) const {
+    ThrowNotAvailable(L"Fast Infoset output");
+}
+
+void CXmlObjectBase::ToJsonFile(const wchar_t*, bool, XmlEncoding, EOLType, const CSerializationContext&,
+                                CompressionType compression) const {
+    if (compression == ctZlib) throw CQxException(kZlibToFile);
+    ThrowNotAvailable(L"JSON output");
+}
+
+std::wstring CXmlObjectBase::ToJson(bool, EOLType, const CSerializationContext&) const {
+    ThrowNotAvailable(L"JSON output");
+}
+
+CBinaryData CXmlObjectBase::ToJsonStream(bool, XmlEncoding, EOLType, const CSerializationContext&,
+                                         CompressionType) const {
+    ThrowNotAvailable(L"JSON output");
+}
+
+// ---- Input -------------------------------------------------------------------------------------
+
+namespace {
+
+// Loads a document with load and reads object from its document element (a load that succeeds
+// always has one).
+template <class Load>
+void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, Load load) {
+    CXmlDocument document(context);
+    load(document);
+    CXmlElement* root = document.GetDocumentElement();
+    CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context, false);
+}
+
+} // namespace
+
+void CXmlObjectBase::FromXml(const wchar_t* text, const CSerializationContext& context) {
+    ReadDocument(this, context, [&](CXmlDocument& document) { document.LoadXml(text); });
+}
+
+void CXmlObjectBase::FromXml(const char* text, const CSerializationContext& context) {
+    ReadDocument(this, context, [&](CXmlDocument& document) { document.LoadXml(text); });
+}
+
+void CXmlObjectBase::FromXmlFile(const wchar_t* fileName, const CSerializationContext& context) {
+    ReadDocument(this, context, [&](CXmlDocument& document) { document.Load(fileName); });
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* data, unsigned long length,
+                                   const CSerializationContext& context) {
+    ReadDocument(this, context, [&](CXmlDocument& document) { document.LoadXmlStream(data, length); });
+}
+
+void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& context) {
+    // The loader only reads the bytes (it inflates into a copy of its own).
+    FromXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), context);
+}
+
+void CXmlObjectBase::FromXmlElement(const CXmlElement* element, const CSerializationContext& context) {
+    if (!element) throw CQxInvalidParamException(L"The element to read from may not be NULL");
+    // Reading never modifies the tree; the internal interface just takes it unqualified.
+    CXmlElement* root = const_cast<CXmlElement*>(element);
+    FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+namespace {
+
+// Rebuilds the untyped element as a document tree, the one form the readers take.
+void AddToDocument(CXmlDocument& document, const CElement& element, bool isRoot) {
+    const std::wstring namespaceURI = element.GetNamespace();
+    CXmlElement* node = isRoot ? document.AddDocElement(namespaceURI.c_str(), element.GetName().c_str())
+                               : document.AddChildElement(namespaceURI.c_str(), element.GetName().c_str());
+    for (const CAttribute* attribute : *element.GetAttributes())
+        document.AddElementAttribute(node, attribute->GetName().c_str(), attribute->GetValue().c_str(),
+                                     attribute->GetNamespace().c_str());
+    for (const CElement* child : *element.GetElements())
+        AddToDocument(document, *child, false);
+    node->AppendText(element.GetText().data(), static_cast<int>(element.GetText().size()));
+    document.EndElement();
+}
+
+} // namespace
+
+void CXmlObjectBase::FromXmlElement(const CElement* element, const CSerializationContext& context) {
+    if (!element) throw CQxInvalidParamException(L"The element to read from may not be NULL");
+    CXmlDocument document(context);
+    AddToDocument(document, *element, true);
+    FromXmlElement(document.GetDocumentElement(), context);
+}
+
+void CXmlObjectBase::FromJson(const char*, const CSerializationContext&) {
+    ThrowNotAvailable(L"JSON input");
+}
+
+void CXmlObjectBase::FromJson(const wchar_t*, const CSerializationContext&) {
+    ThrowNotAvailable(L"JSON input");
+}
+
+void CXmlObjectBase::FromJsonFile(const wchar_t*, const CSerializationContext&) {
+    ThrowNotAvailable(L"JSON input");
+}
+
+void CXmlObjectBase::FromJsonStream(unsigned char*, unsigned long, const CSerializationContext&) {
+    ThrowNotAvailable(L"JSON input");
+}
+
+void CXmlObjectBase::FromJsonStream(const CBinaryData&, const CSerializationContext&) {
+    ThrowNotAvailable(L"JSON input");
+}
+
+// ---- Checks ------------------------------------------------------------------------------------
+
+void CXmlObjectBase::Throw_IfPropertyIsNull(CXmlObjectBase* value, const wchar_t* propertyName) {
+    if (!value)
+        throw CQxInvalidParamException(
+            FormatString(L"The Property [%ls] is mandatory, it may node be NULL", propertyName));
+}
+
+void CXmlObjectBase::Throw_IfElementNameDiffers(CXmlObjectBase* value, const wchar_t* name) {
+    if (!value) return;
+    const std::wstring& actual = value->GetBase()->GetElementName();
+    if (actual != name)
+        throw CQxInvalidParamException(FormatString(L"This property requires an element with the name %ls "
+                                                    L"the element being set has the element name %ls",
+                                                    name, actual.c_str()));
+}
+
+bool CXmlObjectBase::DoesElementNameMatch(const CSerializationContext& context, const CXmlElement* element,
+                                          const wchar_t* name, const wchar_t* namespaceURI) const {
+    return CXmlObjectHelper::DoesElementNameMatch(context, element, name, namespaceURI);
+}
+
+void CXmlObjectBase::TestNamespace(const std::wstring& namespaceURI, const std::wstring& rule,
+                                   const std::wstring& targetNamespace) {
+    CXmlObjectHelper::TestNamespace(namespaceURI, rule, targetNamespace);
+}
+
+bool CXmlObjectBase::IsNamespaceValid(const std::wstring& namespaceURI, const std::wstring& rule,
+                                      const std::wstring& targetNamespace) {
+    return CXmlObjectHelper::IsNamespaceValid(namespaceURI, rule, targetNamespace);
+}
+
+// ---- Choice bookkeeping ------------------------------------------------------------------------
+
+void CXmlObjectBase::Choice_SetElementValid(bool isSet, const wchar_t* name, std::wstring& selected) {
+    if (!isSet) {
+        selected.clear();
+        return;
+    }
+    if (selected != name)
+        throw CQxInvalidStateException(FormatString(
+            L"The Property %ls is already set. Only one element within this class bay be set at a time",
+            selected.c_str()));
+}
+
+void CXmlObjectBase::Choice_SelectElement(const wchar_t* name, CXmlObjectBase* value,
+                                          std::wstring& selected) {
+    if (selected == name) {
+        if (!value) selected.clear();
+    } else if (selected.empty()) {
+        selected = name;
+    } else if (value) {
+        throw CQxInvalidStateException(FormatString(kAlreadySet, selected.c_str()));
+    }
+}
+
+void CXmlObjectBase::Choice_CollectionChanged(const wchar_t* name, long count, std::wstring& selected) {
+    if (selected == name) {
+        if (count == 0) selected.clear();
+    } else if (selected.empty()) {
+        if (count > 0) selected = name;
+    } else if (count != 0) {
+        throw CQxInvalidStateException(FormatString(kAlreadySet, selected.c_str()));
+    }
+}
+
+void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* parent,
+                                            CXmlElement*& current, long& count,
+                                            const CSerializationContext& context) {
+    if (count > 0) return;
+    CXmlElement* stopped = FromXml_Int(collection, parent, current, context, false);
+    if (stopped == current) return;
+    current = stopped;
+    collection->ValidateCount(context);
+    ++count;
+}
+
+// ---- Events ------------------------------------------------------------------------------------
+
+void CXmlObjectBase::FireOnCollectionChangeEvent(IEventSink* sink, CXmlCollectionBase* collection) {
+    FireEvent(sink, collection, mtCollectionChange, nullptr);
+}
+
+void CXmlObjectBase::FireOnCollectionAddEvent(IEventSink* sink, CXmlCollectionBase* collection, void* item) {
+    FireEvent(sink, collection, mtCollectionAdd, item);
+}
+
+void CXmlObjectBase::FireOnCollectionAddCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                      void* item) {
+    FireEvent(sink, collection, mtCollectionAddComplete, item);
+}
+
+void CXmlObjectBase::FireOnCollectionRemoveEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                 int index) {
+    FireEvent(sink, collection, mtCollectionRemove, &index);
+}
+
+void CXmlObjectBase::FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
+                                                         int index) {
+    FireEvent(sink, collection, mtCollectionRemoveComplete, &index);
+}
+
+// ---- Forwarders --------------------------------------------------------------------------------
+
+void CXmlObjectBase::ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot,
+                               const wchar_t* namespaceURI, const CSerializationContext& context, bool flag) {
+    object->ToXml_Int(writer, isRoot, namespaceURI, context, flag);
+}
+
+CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* element,
+                                         CXmlElement* firstChild, const CSerializationContext& context,
+                                         bool flag) {
+    return object->FromXml_Int(element, firstChild, context, flag);
+}
+
+void CXmlObjectBase::AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
+                                         const CSerializationContext& context) {
+    object->AttributesToXml_Int(writer, context);
+}
+
+void CXmlObjectBase::AttributesToXml_Int(CXmlWriter*, const CSerializationContext&) const {}
+
+} // namespace QxXmlLib16

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QxXmlLib16/foundation/WhitespaceUtils.h>
+
+#include "xml/NameTable.h"
+#include "xml/NodePool.h"
+
+#include <string>
+
+namespace QxXmlLib16 {
+
+namespace internal {
+
+// What a document keeps for its nodes beyond the tree itself. It lives as long as the document,
+// across reloads, so that names and blocks of nodes a caller detached stay valid.
+struct CDocumentStore {
+    CNameTable names;
+    // Texts that repeat throughout a document: indentation and other whitespace-only runs, and
+    // short values. One copy serves every element.
+    CNameTable texts;
+    CNodePool pool;
+
+    static constexpr size_t kShortText = 8;
+    static bool IsShared(const wchar_t* text, size_t length) {
+        if (length <= kShortText) return true;
+        for (size_t i = 0; i < length; ++i)
+            if (!CWhitespaceUtils::IsWhiteSpace(text[i])) return false;
+        return true;
+    }
+};
+
+} // namespace internal
+} // namespace QxXmlLib16

@@ -1,0 +1,261 @@
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/xml/ExpatReader.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/xml/XmlAttribute.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+
+#include "xml/DocumentStore.h"
+
+#include <expat.h>
+
+#include <new>
+
+static_assert(sizeof(XML_Char) == sizeof(unsigned short), "the library is built against expat's 16-bit API");
+
+namespace QxXmlLib16 {
+
+namespace {
+const unsigned long kScratchBytes = 1024;
+const unsigned short kNameSeparator = '|';
+const unsigned long kParseChunk = 256 * 1024;
+
+// The wide build of the headers can be paired with an 8-bit library at run time; only the library
+// itself can tell.
+bool ExpatUses16BitCharacters() {
+    for (const XML_Feature* feature = XML_GetFeatureList(); feature->feature != XML_FEATURE_END; ++feature) {
+        if (feature->feature == XML_FEATURE_SIZEOF_XML_CHAR) return feature->value == 2;
+    }
+    return false;
+}
+
+size_t UnitCount(const unsigned short* units) {
+    size_t length = 0;
+    while (units[length])
+        ++length;
+    return length;
+}
+
+// "uri|local" as the namespace-aware parser reports qualified names; a name without a separator is
+// a local name without namespace.
+struct SplitName {
+    const unsigned short* uri;
+    size_t uriLength;
+    const unsigned short* local;
+    size_t localLength;
+};
+
+SplitName Split(const unsigned short* name) {
+    const unsigned short* separator = name;
+    while (*separator && *separator != kNameSeparator)
+        ++separator;
+    if (!*separator) return {name, 0, name, static_cast<size_t>(separator - name)};
+    return {name, static_cast<size_t>(separator - name), separator + 1, UnitCount(separator + 1)};
+}
+} // namespace
+
+CExpatReader::CExpatReader(CXmlDocument& document)
+    : CInstanceMonitor(L"CExpatReader")
+    , m_document(document)
+    , m_scratchBytes(0)
+    , m_parser(nullptr)
+    , m_longTextCapacity(0) {}
+
+CExpatReader::~CExpatReader() {
+    FreeParser();
+}
+
+void CExpatReader::CreateParser(bool utf16Input) {
+    static const XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
+    static const bool wideParser = ExpatUses16BitCharacters();
+    if (!wideParser) throw CQxException(L"The XML parser library does not use 16-bit characters.");
+    FreeParser();
+    m_scratch.reset(new wchar_t[kScratchBytes / sizeof(wchar_t)]);
+    m_scratchBytes = kScratchBytes;
+    const XML_Char* encoding = utf16Input ? kUtf16 : nullptr;
+    m_parser = m_document.GetSchemaType() == stNoNamespaces ? XML_ParserCreate(encoding)
+                                                            : XML_ParserCreateNS(encoding, kNameSeparator);
+    if (!m_parser) throw std::bad_alloc();
+    XML_SetUserData(m_parser, this);
+    XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
+    XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);
+    XML_SetCharacterDataHandler(m_parser, FnText);
+    // Without these handlers a section's content arrives as plain text, its delimiters gone.
+    if (!m_document.GetSerializationContext().GetStripCDATA())
+        XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
+}
+
+void CExpatReader::FreeParser() {
+    if (m_parser) XML_ParserFree(m_parser);
+    m_parser = nullptr;
+}
+
+void CExpatReader::Cleanup() {
+    m_scratch.reset();
+    m_scratchBytes = 0;
+}
+
+void CExpatReader::Parse(bool isFinal) {
+    Parse(m_document.m_input, m_document.m_inputLength, isFinal);
+}
+
+void CExpatReader::Parse(const unsigned char* data, unsigned long length, bool isFinal) {
+    if (!m_parser) CreateParser();
+    m_callbackError = nullptr;
+    // Expat copies whatever it is given into a buffer of its own; pieces keep that copy small
+    // (events, errors and line numbers are the same as for one call).
+    do {
+        const unsigned long chunk = length < kParseChunk ? length : kParseChunk;
+        const bool last = isFinal && chunk == length;
+        const XML_Status status =
+            XML_Parse(m_parser, reinterpret_cast<const char*>(data), static_cast<int>(chunk), last);
+        if (m_callbackError || status != XML_STATUS_OK) FlushPendingText();
+        if (m_callbackError) {
+            Cleanup();
+            FreeParser();
+            std::rethrow_exception(m_callbackError);
+        }
+        if (status != XML_STATUS_OK) {
+            const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
+            const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
+            const int line = static_cast<int>(XML_GetCurrentLineNumber(m_parser));
+            Cleanup();
+            FreeParser();
+            throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        }
+        data += chunk;
+        length -= chunk;
+    } while (length > 0);
+    if (isFinal) FreeParser();
+}
+
+const wchar_t* CExpatReader::Widen(const unsigned short* units, size_t length, bool textMode,
+                                   size_t& written) {
+    wchar_t* target = m_scratch.get();
+    if ((length + 1) * sizeof(wchar_t) > m_scratchBytes) {
+        if (m_longTextCapacity < length + 1) {
+            m_longText.reset(new wchar_t[length + 1]);
+            m_longTextCapacity = length + 1;
+        }
+        target = m_longText.get();
+    }
+    size_t count = 0;
+    if (textMode) {
+        for (size_t i = 0; i < length && units[i]; ++i) {
+            if (units[i] != '\r') target[count++] = units[i];
+        }
+    } else {
+        for (size_t i = 0; i < length; ++i)
+            target[count++] = units[i];
+    }
+    target[count] = 0;
+    written = count;
+    return target;
+}
+
+template <typename Action>
+void CExpatReader::Guarded(void* userData, Action action) {
+    CExpatReader& reader = *static_cast<CExpatReader*>(userData);
+    if (reader.m_callbackError) return;
+    try {
+        action(reader);
+    } catch (...) {
+        reader.m_callbackError = std::current_exception();
+        XML_StopParser(reader.m_parser, XML_FALSE);
+    }
+}
+
+void CExpatReader::StartElement(const unsigned short* name, const unsigned short** attributes) {
+    internal::CNameTable& names = m_document.m_store->names;
+    const SplitName elementName = Split(name);
+    CXmlElement* element = m_document.OpenElement(names.Intern(elementName.uri, elementName.uriLength),
+                                                  names.Intern(elementName.local, elementName.localLength));
+    size_t count = 0;
+    while (attributes[2 * count])
+        ++count;
+    if (count == 0) return;
+    element->ReserveAttributes(count);
+    for (size_t i = 0; i < count; ++i) {
+        const SplitName attributeName = Split(attributes[2 * i]);
+        CXmlAttribute* attribute =
+            element->NewAttribute(names.Intern(attributeName.local, attributeName.localLength),
+                                  names.Intern(attributeName.uri, attributeName.uriLength));
+        const unsigned short* value = attributes[2 * i + 1];
+        size_t length;
+        const wchar_t* wide = Widen(value, UnitCount(value), false, length);
+        attribute->m_value.assign(wide, length);
+    }
+}
+
+void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
+                                  const unsigned short** attributes) {
+    Guarded(userData, [&](CExpatReader& reader) { reader.StartElement(name, attributes); });
+}
+
+std::wstring& CExpatReader::PendingText() {
+    const size_t depth = m_document.m_openElements.size();
+    if (m_pendingText.size() < depth) m_pendingText.resize(depth);
+    return m_pendingText[depth - 1];
+}
+
+void CExpatReader::FlushPendingText() {
+    const std::vector<CXmlElement*>& open = m_document.m_openElements;
+    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i) {
+        std::wstring& text = m_pendingText[i];
+        open[i]->AppendText(text.data(), static_cast<int>(text.size()));
+        text.clear();
+    }
+}
+
+void CExpatReader::EndElement() {
+    if (m_document.m_openElements.empty()) return;
+    // A callback may look at the ancestors, so they get their text so far; without one, only the
+    // element that ends needs its text.
+    if (m_document.m_elementComplete) {
+        FlushPendingText();
+    } else {
+        std::wstring& text = PendingText();
+        m_document.m_openElements.back()->AppendText(text.data(), static_cast<int>(text.size()));
+        text.clear();
+    }
+    m_document.EndElement();
+}
+
+void CExpatReader::FnEndElement(void* userData, const unsigned short*) {
+    Guarded(userData, [](CExpatReader& reader) { reader.EndElement(); });
+}
+
+void CExpatReader::FnStartNamespace(void* userData, const unsigned short* prefix, const unsigned short* uri) {
+    Guarded(userData, [&](CExpatReader& reader) {
+        const size_t prefixLength = prefix ? UnitCount(prefix) : 0;
+        const size_t uriLength = uri ? UnitCount(uri) : 0;
+        reader.m_document.SetAlias(std::wstring(prefix, prefix + prefixLength),
+                                   std::wstring(uri, uri + uriLength));
+    });
+}
+
+// The alias map is document-wide: a declaration stays in it after its element ends.
+void CExpatReader::FnEndNamespace(void*, const unsigned short*) {}
+
+void CExpatReader::FnText(void* userData, const unsigned short* text, int length) {
+    Guarded(userData, [&](CExpatReader& reader) {
+        if (reader.m_document.m_openElements.empty() || length <= 0) return;
+        size_t count;
+        const wchar_t* wide = reader.Widen(text, static_cast<size_t>(length), true, count);
+        reader.PendingText().append(wide, count);
+    });
+}
+
+void CExpatReader::FnStartCDATA(void* userData) {
+    Guarded(userData, [](CExpatReader& reader) {
+        if (!reader.m_document.m_openElements.empty()) reader.PendingText().append(L"<![CDATA[", 9);
+    });
+}
+
+void CExpatReader::FnEndCDATA(void* userData) {
+    Guarded(userData, [](CExpatReader& reader) {
+        if (!reader.m_document.m_openElements.empty()) reader.PendingText().append(L"]]>", 3);
+    });
+}
+
+} // namespace QxXmlLib16

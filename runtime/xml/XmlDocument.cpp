@@ -1,0 +1,246 @@
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/xml/ExpatReader.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/foundation/QxZip.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+#include <QxXmlLib16/xml/XmlElement.h>
+
+#include "xml/DocumentStore.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <cwchar>
+#include <mutex>
+
+namespace QxXmlLib16 {
+
+namespace {
+// gzip, or a zlib header (deflate method, window of at most 32 KiB, check bits): the only inputs
+// inflating can accept, so anything else is parsed where it lies without a copy.
+bool MayBeCompressed(const unsigned char* data, unsigned long length) {
+    if (length < 2) return false;
+    if (data[0] == 0x1F && data[1] == 0x8B) return true;
+    return (data[0] & 0x0F) == 8 && (data[0] >> 4) <= 7 && ((data[0] << 8) | data[1]) % 31 == 0;
+}
+
+unsigned char* AllocateBytes(unsigned long length) {
+    unsigned char* bytes = static_cast<unsigned char*>(std::malloc(length ? length : 1));
+    if (!bytes) throw std::bad_alloc();
+    return bytes;
+}
+
+// Closes the file however the load ends.
+struct FileCloser {
+    void operator()(FILE* file) const { std::fclose(file); }
+};
+} // namespace
+
+CXmlDocument::CXmlDocument()
+    : CXmlDocument(nullptr, CSerializationContext::m_defaultContext) {}
+
+CXmlDocument::CXmlDocument(const CSerializationContext& context)
+    : CXmlDocument(nullptr, context) {}
+
+CXmlDocument::CXmlDocument(ElementCompleteCallback callback)
+    : CXmlDocument(callback, CSerializationContext::m_defaultContext) {}
+
+CXmlDocument::CXmlDocument(ElementCompleteCallback callback, const CSerializationContext& context)
+    : CInstanceMonitor(L"CXmlDocument")
+    , m_elementComplete(callback)
+    , m_context(&context)
+    , m_store(new internal::CDocumentStore) {
+    Init();
+}
+
+CXmlDocument::~CXmlDocument() {
+    CXmlDocument::Cleanup();
+}
+
+void CXmlDocument::Init() {
+    m_input = nullptr;
+    m_inputLength = 0;
+    m_documentElement = nullptr;
+    m_schemaType = m_context->GetSchemaType();
+}
+
+void CXmlDocument::Cleanup() {
+    delete m_documentElement;
+    m_documentElement = nullptr;
+    std::free(m_input);
+    m_input = nullptr;
+    m_inputLength = 0;
+    m_openElements.clear();
+    m_aliases.clear();
+}
+
+const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text,
+                                             size_t length) {
+    if (document) return document->m_store->names.Intern(text, length);
+    // Nodes built outside any document are rare; one locked table serves them all.
+    static std::mutex lock;
+    static internal::CNameTable names;
+    std::lock_guard<std::mutex> guard(lock);
+    return names.Intern(text, length);
+}
+
+void* CXmlDocument::AllocateNode(const CXmlDocument* document, size_t size) {
+    return document ? document->m_store->pool.Allocate(size) : internal::CNodePool::AllocateUnpooled(size);
+}
+
+void CXmlDocument::TakeInput(const unsigned char* data, unsigned long length) {
+    m_input = AllocateBytes(length);
+    std::memcpy(m_input, data, length);
+    m_inputLength = length;
+}
+
+void CXmlDocument::Load(const wchar_t* fileName) {
+    Cleanup();
+    const wchar_t* name = fileName ? fileName : L"";
+    std::unique_ptr<FILE, FileCloser> file(std::fopen(UnicodeToMultiByte(name).c_str(), "rt"));
+    if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
+    const long length = _filelength(file.get());
+    if (length < 0) {
+        const int error = errno;
+        file.reset();
+        throw CQxException(FormatString(L"Failed to get the size of the file [%ls] Error [%d]", name, error));
+    }
+    m_input = AllocateBytes(static_cast<unsigned long>(length));
+    m_inputLength = static_cast<unsigned long>(length);
+    const size_t read = std::fread(m_input, 1, m_inputLength, file.get());
+    if (read == 0 || read < m_inputLength) {
+        const int error = std::ferror(file.get()) ? errno : 0;
+        file.reset();
+        throw CQxException(
+            FormatString(L"Failed to read the contents of the file [%ls] Error [%d]", name, error));
+    }
+    file.reset();
+    Parse();
+}
+
+void CXmlDocument::LoadXmlStream(unsigned char* data, unsigned long length) {
+    Cleanup();
+    if (!data || length == 0) throw CQxException(L"XML Stream is empty!");
+    if (MayBeCompressed(data, length)) {
+        TakeInput(data, length);
+        Parse();
+    } else {
+        ParseText(data, length);
+    }
+}
+
+void CXmlDocument::LoadXml(const char* text) {
+    Cleanup();
+    if (!text || !*text) throw CQxException(L"XML String is empty!");
+    ParseText(reinterpret_cast<const unsigned char*>(text), static_cast<unsigned long>(std::strlen(text)));
+}
+
+void CXmlDocument::LoadXml(const wchar_t* text) {
+    Cleanup();
+    if (!text || !*text) throw CQxException(L"XML String is empty!");
+    const size_t length = std::wcslen(text);
+    m_inputLength = static_cast<unsigned long>(2 * length + 2);
+    m_input = AllocateBytes(m_inputLength);
+    m_input[0] = 0xFF;
+    m_input[1] = 0xFE;
+    for (size_t i = 0; i < length; ++i) {
+        m_input[2 + 2 * i] = static_cast<unsigned char>(text[i] & 0xFF);
+        m_input[3 + 2 * i] = static_cast<unsigned char>((text[i] >> 8) & 0xFF);
+    }
+    ParseText(m_input, m_inputLength, true);
+}
+
+void CXmlDocument::Parse() {
+    CQxZip::Decompress(&m_input, &m_inputLength);
+    ParseText();
+}
+
+void CXmlDocument::ParseText() {
+    ParseText(m_input, m_inputLength);
+}
+
+void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bool utf16Input) {
+    CExpatReader reader(*this);
+    reader.CreateParser(utf16Input);
+    reader.Parse(data, length, true);
+}
+
+void CXmlDocument::SetAlias(const std::wstring& alias, const std::wstring& namespaceURI) {
+    m_aliases[alias] = namespaceURI;
+}
+
+std::wstring CXmlDocument::LookupNamespaceFromAlias(const wchar_t* alias) const {
+    auto found = m_aliases.find(alias ? alias : L"");
+    return found == m_aliases.end() ? std::wstring() : found->second;
+}
+
+std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI) const {
+    const wchar_t* uri = namespaceURI ? namespaceURI : L"";
+    for (const auto& entry : m_aliases) {
+        if (entry.second == uri) return entry.first;
+    }
+    return std::wstring();
+}
+
+CXmlElement* CXmlDocument::OpenElement(const std::wstring& namespaceURI, const std::wstring& localName) {
+    // Room first, so that the push below cannot fail once the element is linked.
+    if (m_openElements.size() == m_openElements.capacity())
+        m_openElements.reserve(2 * m_openElements.capacity() + 16);
+    CXmlElement* element;
+    if (m_documentElement) {
+        if (m_openElements.empty())
+            throw CQxInvalidStateException(L"The document element is complete; no element can follow it.");
+        CXmlElement* parent = m_openElements.back();
+        element = new (this) CXmlElement(this, parent, namespaceURI, localName);
+        parent->LinkChild(element);
+    } else {
+        element = new (this) CXmlElement(this, nullptr, namespaceURI, localName);
+        m_documentElement = element;
+    }
+    m_openElements.push_back(element);
+    return element;
+}
+
+CXmlElement* CXmlDocument::AddDocElement(const wchar_t* namespaceURI, const wchar_t* localName) {
+    if (m_documentElement) throw CQxInvalidStateException(L"The document already has a document element.");
+    return AddChildElement(namespaceURI, localName);
+}
+
+CXmlElement* CXmlDocument::AddChildElement(const wchar_t* namespaceURI, const wchar_t* localName) {
+    const wchar_t* ns = namespaceURI ? namespaceURI : L"";
+    const wchar_t* local = localName ? localName : L"";
+    return OpenElement(InternName(this, ns, std::wcslen(ns)), InternName(this, local, std::wcslen(local)));
+}
+
+void CXmlDocument::AddElementAttribute(CXmlElement* element, const wchar_t* localName, const wchar_t* value,
+                                       const wchar_t* namespaceURI) {
+    element->AddAttribute(localName ? localName : L"", value ? value : L"",
+                          namespaceURI ? namespaceURI : L"");
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const wchar_t* text, unsigned long length) {
+    const wchar_t* end = text + length;
+    while (text < end && *text) {
+        const wchar_t* run = text;
+        while (text < end && *text && *text != L'\r')
+            ++text;
+        element->AppendText(run, static_cast<int>(text - run));
+        if (text < end && *text == L'\r') ++text;
+    }
+}
+
+void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, const wchar_t* text) {
+    if (text) AppendTextExcludingCR(element, text, static_cast<unsigned long>(std::wcslen(text)));
+}
+
+void CXmlDocument::EndElement() {
+    if (m_openElements.empty()) return;
+    CXmlElement* element = m_openElements.back();
+    m_openElements.pop_back();
+    // The document element is never dropped: the tree would be left without a root.
+    if (m_elementComplete && m_elementComplete(element) && !m_openElements.empty())
+        delete m_openElements.back()->RemoveLastChildElement();
+}
+
+} // namespace QxXmlLib16
