@@ -5,14 +5,15 @@
 #include "Plan.h"
 #include "SchemaReader.h"
 
+#include <algorithm>
+
 namespace Qxxsd {
 
-std::wstring DefaultPrefix(const std::wstring& schema) {
+std::wstring FileStem(const std::wstring& schema) {
     const size_t slash = schema.find_last_of(L"/\\");
     std::wstring stem = schema.substr(slash == std::wstring::npos ? 0 : slash + 1);
     const size_t dot = stem.rfind(L'.');
-    if (dot != std::wstring::npos && dot > 0) stem = stem.substr(0, dot);
-    return UpperCamel(stem);
+    return dot != std::wstring::npos && dot > 0 ? stem.substr(0, dot) : stem;
 }
 
 CompileResult Compile(const CompileOptions& options) {
@@ -28,6 +29,9 @@ CompileResult Compile(const CompileOptions& options) {
     CompileResult result;
     result.files = CEmitter(model, options.emit).Files();
     result.warnings = diagnostics.Warnings();
+    for (const auto& document : set.documents)
+        if (std::find(result.inputs.begin(), result.inputs.end(), document->path) == result.inputs.end())
+            result.inputs.push_back(document->path);
     return result;
 }
 

@@ -19,13 +19,14 @@ struct CompileOptions {
 struct CompileResult {
     std::vector<std::pair<std::wstring, std::string>> files; // name, UTF-8 content
     std::vector<std::wstring> warnings;
+    std::vector<std::wstring> inputs; // every schema file read, for a build's dependencies
 };
 
 // Reads the schemas and everything they include and import, and makes their bindings. A schema the
 // compiler refuses throws CSchemaError; nothing is written here.
 CompileResult Compile(const CompileOptions& options);
 
-// The default file prefix for a schema: its file name in UpperCamel case.
-std::wstring DefaultPrefix(const std::wstring& schema);
+// The file name of a schema without its folder and extension: the default file prefix.
+std::wstring FileStem(const std::wstring& schema);
 
 } // namespace Qxxsd

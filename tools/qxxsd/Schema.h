@@ -172,6 +172,7 @@ struct ComplexType : Component {
 struct SchemaDocument {
     std::wstring file;     // as the user or the including schema named it
     std::wstring location; // the absolute path or URL it was found under
+    std::wstring path;     // the local file read
     std::wstring targetNamespace;
     bool elementsQualified = false, attributesQualified = false;
     int root = 0; // which of the schemas named by the user brought it in first

@@ -225,6 +225,7 @@ void CSchemaReader::Load(const std::wstring& file, const std::wstring& location,
     SchemaDocument* document = m_set.documents.back().get();
     document->file = display;
     document->location = location;
+    document->path = file;
     document->root = m_root;
     document->targetNamespace = Attr(root, L"targetNamespace");
     document->elementsQualified = Collapse(Attr(root, L"elementFormDefault")) == L"qualified";

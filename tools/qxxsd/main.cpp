@@ -2,6 +2,7 @@
 
 #include "CodeText.h"
 #include "Compiler.h"
+#include "Names.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
@@ -20,12 +21,14 @@ const char kUsage[] =
     "PREFIX.h with every class, PREFIX.cpp with the classes of the first schema and the class\n"
     "factory, and PREFIX-NAME.cpp with those of each further schema named NAME.xsd.\n"
     "  -o, --output DIR          the folder to write to (made when missing)\n"
-    "  -n, --namespace NAME      the C++ namespace, Outer::Inner allowed (default: PREFIX)\n"
+    "  -n, --namespace NAME      the C++ namespace, Outer::Inner allowed (default: the first\n"
+    "                            schema's name in UpperCamel case)\n"
     "  -p, --file-prefix PREFIX  the name of the generated files (default: the first schema's name)\n"
     "  -i, --include-prefix TEXT what the sources put before PREFIX.h in their #include\n"
     "      --map URL=FILE        read FILE for the schema at URL, or for an import of namespace URL\n"
     "                            that has no schemaLocation; nothing is ever fetched\n"
     "      --catalog FILE        an XML catalog, searched before those of XML_CATALOG_FILES\n"
+    "      --depfile FILE        also write the schema files read, as a make rule for PREFIX.h\n"
     "  -q, --quiet               do not print warnings\n"
     "  -h, --help                print this text\n"
     "Exit status: 0 written, 1 a schema was refused, 2 bad arguments or an output not written.\n";
@@ -77,7 +80,7 @@ std::vector<std::wstring> CatalogsFromEnvironment() {
 int main(int argc, char** argv) {
     std::setlocale(LC_ALL, "");
     Qxxsd::CompileOptions options;
-    std::wstring output;
+    std::wstring output, depfile;
     bool quiet = false;
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
@@ -104,6 +107,8 @@ int main(int argc, char** argv) {
                 return 2;
             }
             options.mappings[mapping.substr(0, equals)] = mapping.substr(equals + 1);
+        } else if (argument == "--depfile") {
+            depfile = value("--depfile");
         } else if (argument == "--catalog") {
             options.catalogs.push_back(value("--catalog"));
         } else if (argument == "-q" || argument == "--quiet") {
@@ -122,9 +127,9 @@ int main(int argc, char** argv) {
         std::fputs(kUsage, stderr);
         return 2;
     }
-    if (options.emit.filePrefix.empty())
-        options.emit.filePrefix = Qxxsd::DefaultPrefix(options.schemas.front());
-    if (options.emit.cppNamespace.empty()) options.emit.cppNamespace = options.emit.filePrefix;
+    const std::wstring stem = Qxxsd::FileStem(options.schemas.front());
+    if (options.emit.filePrefix.empty()) options.emit.filePrefix = stem;
+    if (options.emit.cppNamespace.empty()) options.emit.cppNamespace = Qxxsd::UpperCamel(stem);
     for (const std::wstring& catalog : CatalogsFromEnvironment())
         options.catalogs.push_back(catalog);
 
@@ -153,6 +158,28 @@ int main(int argc, char** argv) {
             stream && std::fwrite(file.second.data(), 1, file.second.size(), stream) == file.second.size();
         if (!stream || std::fclose(stream) != 0 || !written) {
             std::fprintf(stderr, "qxxsd: cannot write %s\n", path.c_str());
+            return 2;
+        }
+    }
+    if (!depfile.empty()) {
+        // Make's escapes: a blank or # is preceded by a backslash, $ is doubled.
+        auto escape = [](const std::string& path) {
+            std::string escaped;
+            for (char c : path) {
+                if (c == ' ' || c == '#') escaped += '\\';
+                if (c == '$') escaped += '$';
+                escaped += c;
+            }
+            return escaped;
+        };
+        std::string rule = escape(folder + "/" + Narrow(options.emit.filePrefix) + ".h") + ":";
+        for (const std::wstring& input : result.inputs)
+            rule += " \\\n  " + escape(Narrow(input));
+        rule += "\n";
+        std::FILE* stream = std::fopen(Narrow(depfile).c_str(), "wb");
+        const bool written = stream && std::fwrite(rule.data(), 1, rule.size(), stream) == rule.size();
+        if (!stream || std::fclose(stream) != 0 || !written) {
+            std::fprintf(stderr, "qxxsd: cannot write %s\n", Narrow(depfile).c_str());
             return 2;
         }
     }
