@@ -1,10 +1,6 @@
 #include <QxXmlLib16/foundation/Functions.h>
 
-#include <QxXmlLib16/foundation/Encoder.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
-
-#define PCRE2_CODE_UNIT_WIDTH 8
-#include <pcre2.h>
+#include "foundation/Patterns.h"
 
 #include <cctype>
 #include <climits>
@@ -12,8 +8,6 @@
 #include <cstdint>
 #include <cstring>
 #include <cwchar>
-#include <memory>
-#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -199,39 +193,6 @@ void FindReplaceAll(String& text, const String& find, const String& replace) {
         text.replace(pos, find.size(), replace);
 }
 
-struct PatternDeleter {
-    void operator()(pcre2_code* compiled) const { pcre2_code_free(compiled); }
-};
-struct MatchDataDeleter {
-    void operator()(pcre2_match_data* data) const { pcre2_match_data_free(data); }
-};
-
-// XML Schema pattern syntax into PCRE syntax. Escaped backslashes are parked on U+0001 so that
-// "\\i" (a backslash followed by i) is not taken for the name-start escape. The blocks are written
-// as hexadecimal ranges: an octal escape reads at most three digits, so U+024F has no octal form.
-std::string TranslatePattern(std::string pattern) {
-    static const char* const kSubstitutions[][2] = {
-        {"\\\\", "\x01"},
-        {"\\i", "([^\\W\\d]|:)"},
-        {"\\I", "([\\W\\d])"},
-        {"\\c", "(\\w|\\.|-|:)"},
-        {"\\C", "([^\\w\\.\\-\\:])"},
-        {"\\p{IsBasicLatin}", "[\\x{0}-\\x{7F}]"},
-        {"\\p{IsLatin-1Supplement}", "[\\x{80}-\\x{FF}]"},
-        {"\\p{IsLatinExtended-A}", "[\\x{100}-\\x{17F}]"},
-        {"\\p{IsLatinExtended-B}", "[\\x{180}-\\x{24F}]"},
-        {"\x01", "\\\\"},
-    };
-    for (const auto& substitution : kSubstitutions)
-        FindReplaceAll(pattern, std::string(substitution[0]), std::string(substitution[1]));
-    return "^(" + pattern + ")$";
-}
-
-std::wstring WideFromUtf8(const std::string& text) {
-    return CEncoder::Utf8ToUnicode(reinterpret_cast<const unsigned char*>(text.data()),
-                                   static_cast<int>(text.size()));
-}
-
 } // namespace
 
 std::wstring FormatV(const wchar_t* format, va_list args) {
@@ -288,27 +249,7 @@ std::wstring ToFracString(unsigned short ms, unsigned short us, unsigned short n
 }
 
 bool TestRegEx(std::string pattern, std::wstring value) {
-    const std::string translated = TranslatePattern(pattern);
-    int error = 0;
-    PCRE2_SIZE errorOffset = 0;
-    std::unique_ptr<pcre2_code, PatternDeleter> compiled(
-        pcre2_compile(reinterpret_cast<PCRE2_SPTR>(translated.data()), translated.size(), PCRE2_UTF, &error,
-                      &errorOffset, nullptr));
-    if (!compiled) {
-        PCRE2_UCHAR text[256];
-        if (pcre2_get_error_message(error, text, sizeof text) < 0) text[0] = 0;
-        throw CQxException(FormatString(L"Invalid Regular Expression: %ls Error: '%ls'",
-                                        WideFromUtf8(pattern).c_str(),
-                                        WideFromUtf8(reinterpret_cast<const char*>(text)).c_str()));
-    }
-    std::unique_ptr<pcre2_match_data, MatchDataDeleter> match(
-        pcre2_match_data_create_from_pattern(compiled.get(), nullptr));
-    const CBinaryData utf8 = CEncoder::UnicodeToUtf8Binary(value.c_str());
-    const auto* subject = utf8.GetData() ? utf8.GetData() : reinterpret_cast<PCRE2_SPTR>("");
-    const PCRE2_SIZE length = utf8.GetLength();
-    if (pcre2_match(compiled.get(), subject, length, 0, PCRE2_ANCHORED, match.get(), nullptr) <= 0) return false;
-    const PCRE2_SIZE* offsets = pcre2_get_ovector_pointer(match.get());
-    return offsets[0] == 0 && offsets[1] == length;
+    return internal::MatchesPattern(pattern, value.data(), value.size());
 }
 
 std::string UnicodeToMultiByte(const wchar_t* text) {

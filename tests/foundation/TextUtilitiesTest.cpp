@@ -64,61 +64,6 @@ TEST(NarrowText, MultiByteUpperCaseAndFileLength) {
     EXPECT_EQ(_filelength(nullptr), -1);
 }
 
-TEST(TestRegEx, TranslatesSchemaEscapesAndAnchorsBothEnds) {
-    struct Case {
-        const char* pattern;
-        const wchar_t* value;
-        bool matches;
-    };
-    const Case cases[] = {
-        {"\\i\\c*", L"x1", true},
-        {"\\i\\c*", L"1x", false},
-        {"\\i\\c*", L"a:b.c-d", true},
-        {"[a-z]+", L"abc1", false}, // extra text after a match
-        {"[a-z]+", L"1abc", false},
-        {"\\d{3}", L"123", true},
-        {"a\\\\i", L"a\\i", true}, // an escaped backslash is not the start of \i
-        {"\\p{IsBasicLatin}+", L"abc", true},
-        {"\\p{IsLatin-1Supplement}", L"\u00e9", true},
-        {"\\p{IsLatin-1Supplement}", L"e", false},
-        {"caf\xc3\xa9", L"caf\u00e9", true}, // UTF-8 pattern against a wide value
-        {"a|b", L"b", true},
-        {"x*", L"", true},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(TestRegEx(c.pattern, c.value), c.matches) << c.pattern;
-}
-
-// Each mapped block holds its first and last character and neither neighbour.
-TEST(TestRegEx, LatinBlocksCoverExactlyTheirRange) {
-    struct Block {
-        const char* pattern;
-        wchar_t first;
-        wchar_t last;
-    };
-    const Block blocks[] = {
-        {"\\p{IsBasicLatin}", 0x01, 0x7F},
-        {"\\p{IsLatin-1Supplement}", 0x80, 0xFF},
-        {"\\p{IsLatinExtended-A}", 0x100, 0x17F},
-        {"\\p{IsLatinExtended-B}", 0x180, 0x24F},
-    };
-    for (const Block& block : blocks) {
-        EXPECT_TRUE(TestRegEx(block.pattern, std::wstring(1, block.first))) << block.pattern;
-        EXPECT_TRUE(TestRegEx(block.pattern, std::wstring(1, block.last))) << block.pattern;
-        EXPECT_FALSE(TestRegEx(block.pattern, std::wstring(1, block.last + 1))) << block.pattern;
-        if (block.first > 1) {
-            EXPECT_FALSE(TestRegEx(block.pattern, std::wstring(1, block.first - 1))) << block.pattern;
-        }
-    }
-    // A block inside a larger class and beside literal text.
-    EXPECT_TRUE(TestRegEx("x\\p{IsLatinExtended-B}+y", L"x\u0180\u01C4\u024Fy"));
-}
-
-TEST(TestRegEx, PatternThatDoesNotCompileNamesItself) {
-    EXPECT_EQ(MessageOf<CQxException>([] { TestRegEx("[a-", L"a"); }),
-              L"Invalid Regular Expression: [a- Error: 'range out of order in character class'");
-}
-
 TEST(Whitespace, RulesNormaliseLineEndsAndBlanks) {
     struct Case {
         CWhitespaceUtils::WhitespaceRule rule;
