@@ -46,6 +46,7 @@
 #include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/binding/ClassMetaData.h>
 #include <QxXmlLib16/binding/ClassfactoryBase.h>
+#include <QxXmlLib16/binding/ItemTraits.h>
 
 // Collections and wildcard content
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
@@ -138,3 +139,6 @@
 #include <QxXmlLib16/data/ElementInfoSeqUntpdCol.h>
 #include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
 #include <QxXmlLib16/data/ElementInfoSeqUntpdOpt.h>
+
+// What generated classes share
+#include <QxXmlLib16/binding/GeneratedCode.h>
