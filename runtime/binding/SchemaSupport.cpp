@@ -115,7 +115,7 @@ CXmlElement* CXmlGroupCollection::FromXml_Int(CXmlElement* parent, CXmlElement* 
     const int maximum = GetMaxOccurs();
     while (current && (maximum < 0 || GetCount() < maximum)) {
         const CSmartPtr<CXmlObjectBase> item = NewItem();
-        CXmlElement* stopped = CXmlObjectBase::FromXml_Int(item.Get(), parent, current, context, false);
+        CXmlElement* stopped = CXmlObjectBase::FromXml_Int(item.Get(), parent, current, context);
         if (stopped == current) break;
         AppendItem(item.Get());
         current = stopped;
