@@ -143,6 +143,16 @@ std::wstring CEmitter::DefaultValue(const MemberPlan& member) const {
            L", CWhitespaceUtils::wsCollapse)";
 }
 
+// The statement tail that sets a mandatory value member to its type's initial value.
+std::wstring CEmitter::Cleared(const MemberPlan& member) const {
+    const ValuePlan& value = *member.value;
+    if (value.kind == ValuePlan::Text || (value.kind == ValuePlan::Primitive && value.itemType == itString))
+        return L".clear()";
+    if (value.kind == ValuePlan::Primitive && !IsLargeValue(value.itemType))
+        return value.itemType == itBoolean ? L" = false" : L" = 0";
+    return L" = " + ValueType(value) + L"()";
+}
+
 bool CEmitter::SetterOutOfLine(const MemberPlan& member) const {
     if (member.kind != MemberPlan::Value) return true;
     const ValuePlan& value = *member.value;
@@ -434,7 +444,7 @@ std::wstring CEmitter::Setter(const ClassPlan& owner, const MemberPlan& member) 
     if (member.nillable) {
         text += L"void " + owner.name + L"::Set" + name + L"Nil() {\n" + clearSiblings;
         text += member.cardinality == MemberPlan::Optional ? L"    " + field + L".reset();\n"
-                                                           : L"    " + field + L" = " + type + L"();\n";
+                                                           : L"    " + field + Cleared(member) + L";\n";
         text += L"    " + NilFlag(member) + L" = true;\n}\n";
     }
     return text;
@@ -454,10 +464,8 @@ std::wstring CEmitter::Reset(const ClassPlan& plan) const {
                 text += field + L".reset();\n";
             else if (member->defaultValue)
                 text += field + L" = " + DefaultValue(*member) + L";\n";
-            else if (FieldType(*member) == L"std::wstring")
-                text += field + L".clear();\n";
             else
-                text += field + L" = " + FieldType(*member) + L"();\n";
+                text += field + Cleared(*member) + L";\n";
             if (member->nillable) text += L"    " + NilFlag(*member) + L" = false;\n";
             break;
         case MemberPlan::Wildcard:

@@ -47,6 +47,7 @@ private:
     std::wstring DefaultValue(const MemberPlan& member) const;
     std::wstring FacetsOf(const ValuePlan& value) const;
     bool SetterOutOfLine(const MemberPlan& member) const;
+    std::wstring Cleared(const MemberPlan& member) const;
     bool Small(const ValuePlan& value) const;
 
     const CodeModel& m_model;

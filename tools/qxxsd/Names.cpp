@@ -66,7 +66,10 @@ CNameScope GlobalScope() {
         L"AdoptMandatoryChild", L"NewAnyElement", L"PutNil", L"EnumToText", L"EnumFromText", L"TEnumCol",
         L"TGeneratedClass", L"TItemTraits", L"CreateClass", L"LoadDocument", L"DocumentRoots", L"ClassNumber",
         L"kNamespace", L"CDocumentRoots", L"TXmlGroupCollection", L"TXmlClassCollection", L"TCheckedTextCol",
-        L"QxXmlLib16", L"QxXmlLib16Data", L"std",
+        L"QxXmlLib16", L"QxXmlLib16Data", L"std", L"CheckPattern", L"CheckValue", L"CheckEnumeration",
+        L"CheckList", L"CheckUnion", L"CheckFixed", L"TextCheckFunction", L"CreateByType", L"NewObject",
+        L"NewObjectFor", L"STypeEntry", L"SRootEntry", L"CXmlGroupCollection", L"PrimitiveCol",
+        L"CPrimitiveCol", L"kInfo",
         // Macros of the C headers that an UpperCamel name can spell.
         L"NULL", L"EOF", L"WEOF", L"BUFSIZ", L"INFINITY", L"NAN", L"TRUE", L"FALSE", L"DOMAIN", L"OVERFLOW",
         L"UNDERFLOW", L"SING", L"TLOSS", L"PLOSS", L"EDOM", L"ERANGE", L"EILSEQ", L"CLOCKS_PER_SEC",

@@ -207,7 +207,7 @@ struct CPlanner::Impl {
         if (type->builtin && type->builtin->listOf) {
             plan = NewValue(ValuePlan::Text, type);
             valueOf[type] = plan;
-            ListCheck(plan, type, type->facets);
+            ListCheck(plan, type, type->facets, type);
         } else if (type->builtin) {
             plan = AtomicPlan(type);
         } else if (!type->base && type->variety == SimpleType::Union) {
@@ -217,7 +217,7 @@ struct CPlanner::Impl {
         } else if (!type->base && type->variety == SimpleType::List) {
             plan = NewValue(ValuePlan::Text, type);
             valueOf[type] = plan;
-            ListCheck(plan, type, Facets());
+            ListCheck(plan, type, Facets(), type);
         } else if (!type->facets.Any()) {
             plan = ValueOf(type->base); // a new name for its base, nothing more
         } else if (type->variety != SimpleType::Atomic) {
@@ -256,12 +256,12 @@ struct CPlanner::Impl {
             for (const std::wstring& pattern : r.patternSteps)
                 plan->checkBody.push_back(L"CheckPattern(name, text, " + Literal(pattern) + L");");
             plan->checkBody.push_back(
-                L"CheckValue<" + ItemTypeName(item) + L">(name, text, " + WhitespaceName(r.whitespace) +
+                L"CheckValue(" + ItemTypeName(item) + L", name, text, " + WhitespaceName(r.whitespace) +
                 L", " +
                 (plan->facets ? plan->facetsName + L"()" : std::wstring(L"CPrimitiveRestrictions()")) +
                 L");");
             if (!r.facets.enumerations.empty())
-                plan->checkBody.push_back(L"CheckEnumeration<" + ItemTypeName(item) + L">(name, text, " +
+                plan->checkBody.push_back(L"CheckEnumeration(" + ItemTypeName(item) + L", name, text, " +
                                           WhitespaceName(r.whitespace) + L", " +
                                           Texts(r.facets.enumerations) + L");");
         }
@@ -301,11 +301,12 @@ struct CPlanner::Impl {
         const std::wstring stem = plan->enumeration ? plan->enumeration->name : UpperCamel(plan->xmlName);
         check->checkName = names.Claim(L"Check" + stem);
         if (plan->kind == ValuePlan::Enum)
-            check->checkBody = {plan->enumeration->name +
-                                L"FromText(CWhitespaceUtils::Collapse(text).c_str());"};
+            check->checkBody = {L"CheckEnumeration(itString, name, text, " +
+                                WhitespaceName(plan->whitespace) + L", " + Texts(plan->enumeration->values) +
+                                L");"};
         else
             check->checkBody = {
-                L"CheckValue<" + ItemTypeName(plan->itemType) + L">(name, text, " +
+                L"CheckValue(" + ItemTypeName(plan->itemType) + L", name, text, " +
                 WhitespaceName(plan->whitespace) + L", " +
                 (plan->facets ? plan->facetsName + L"()" : std::wstring(L"CPrimitiveRestrictions()")) +
                 L");"};
@@ -318,11 +319,11 @@ struct CPlanner::Impl {
                std::to_wstring(facets.length);
     }
 
-    void ListCheck(ValuePlan* plan, const SimpleType* type, const Facets& own) {
+    void ListCheck(ValuePlan* plan, const SimpleType* type, const Facets& own, const SimpleType* named) {
         const SimpleType* item = type->item;
         plan->itemType = itString;
         plan->whitespace = Whitespace::Collapse;
-        plan->checkName = names.Claim(L"Check" + BaseName(type));
+        plan->checkName = names.Claim(L"Check" + BaseName(named));
         const std::wstring itemCheck = TextCheck(ValueOf(item));
         for (const std::wstring& pattern : own.patterns)
             CheckPattern(pattern, own.where);
@@ -336,7 +337,7 @@ struct CPlanner::Impl {
                                   L");");
         if (!own.enumerations.empty())
             plan->checkBody.push_back(
-                L"CheckEnumeration<itString>(name, text, CWhitespaceUtils::wsCollapse, " +
+                L"CheckEnumeration(itString, name, text, CWhitespaceUtils::wsCollapse, " +
                 Texts(own.enumerations) + L");");
         model.values.push_back(plan);
     }
@@ -369,7 +370,7 @@ struct CPlanner::Impl {
             const SimpleType* list = type->base;
             while (list->base)
                 list = list->base;
-            ListCheck(plan, list, type->facets);
+            ListCheck(plan, list, type->facets, type);
             return;
         }
         plan->itemType = itString;
@@ -383,7 +384,7 @@ struct CPlanner::Impl {
         plan->checkBody.push_back(TextCheck(ValueOf(type->base)) + L"(name, text);");
         if (!type->facets.enumerations.empty())
             plan->checkBody.push_back(
-                L"CheckEnumeration<itString>(name, text, CWhitespaceUtils::wsCollapse, " +
+                L"CheckEnumeration(itString, name, text, CWhitespaceUtils::wsCollapse, " +
                 Texts(type->facets.enumerations) + L");");
         model.values.push_back(plan);
     }
@@ -679,8 +680,9 @@ struct CPlanner::Impl {
         MemberPlan* member;
         if (element->type.complex == anyType) {
             member = NewMember(plan, MemberPlan::Wildcard, element->name.local, element->name.ns);
-            member->rule = element->name.ns.empty() ? L"##local" : element->name.ns;
-            member->ruleTarget = plan->xmlNamespace;
+            // The element's own namespace, as the rule whose default namespace it is.
+            member->rule = element->name.ns.empty() ? L"##local" : L"##targetNamespace";
+            member->ruleTarget = element->name.ns;
         } else if (element->type.complex) {
             member = NewMember(plan, MemberPlan::Class, element->name.local, element->name.ns);
             member->type = ClassOf(element->type.complex, plan->name.substr(1));
@@ -796,8 +798,7 @@ struct CPlanner::Impl {
         for (const auto& ref : attributes.groupRefs) {
             const AttributeGroup* group = set.attributeGroups.at(ref.first);
             if (!seen.insert(group).second) continue;
-            AttributeSet inner{group->uses, group->groupRefs, group->anyAttribute};
-            AddAttributeUses(uses, any, inner, seen);
+            AddAttributeUses(uses, any, group->attributes, seen);
         }
         if (attributes.anyAttribute) {
             if (!any)

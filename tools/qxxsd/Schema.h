@@ -136,19 +136,16 @@ struct AttributeUse : Component {
     std::optional<std::wstring> defaultValue, fixedValue; // a ref's own, over the declaration's
 };
 
-struct AttributeGroup : Component {
-    QName name;
-    std::vector<AttributeUse*> uses;
-    std::vector<std::pair<QName, Location>> groupRefs;
-    std::optional<Wildcard> anyAttribute;
-    int state = 0;
-};
-
 // The attributes a complex type or group declares, with its attribute group references.
 struct AttributeSet {
     std::vector<AttributeUse*> uses;
     std::vector<std::pair<QName, Location>> groupRefs;
     std::optional<Wildcard> anyAttribute;
+};
+
+struct AttributeGroup : Component {
+    QName name;
+    AttributeSet attributes;
 };
 
 struct ComplexType : Component {

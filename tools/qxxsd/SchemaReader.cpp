@@ -326,11 +326,7 @@ void CSchemaReader::ReadSchema(const Context& context, const CXmlElement* schema
             group->where = Where(context, child);
             group->targetNamespace = context.document->targetNamespace;
             group->name = Declared(context, child, true);
-            AttributeSet attributes;
-            ReadAttributes(context, child, attributes);
-            group->uses = attributes.uses;
-            group->groupRefs = attributes.groupRefs;
-            group->anyAttribute = attributes.anyAttribute;
+            ReadAttributes(context, child, group->attributes);
             Register(m_set.attributeGroups, group, group->name, L"the attribute group");
         } else if (kind == L"defaultOpenContent") {
             m_diagnostics.Warn(Where(context, child),
@@ -340,9 +336,12 @@ void CSchemaReader::ReadSchema(const Context& context, const CXmlElement* schema
     }
 }
 
-SimpleType* CSchemaReader::ReadSimpleType(const Context& context, const CXmlElement* element, QName name) {
+SimpleType* CSchemaReader::ReadSimpleType(const Context& context, const CXmlElement* element, QName name,
+                                          const std::wstring& hint) {
     SimpleType* type = m_set.Make<SimpleType>();
     type->name = std::move(name);
+    type->hint = hint;
+    const std::wstring stem = type->name.empty() ? hint : type->name.local;
     type->where = Where(context, element);
     type->targetNamespace = context.document->targetNamespace;
     type->documentation = Documentation(element);
@@ -352,15 +351,16 @@ SimpleType* CSchemaReader::ReadSimpleType(const Context& context, const CXmlElem
         if (IsXsd(child, L"restriction") || IsXsd(child, L"list") || IsXsd(child, L"union"))
             derivation = child;
     if (!derivation) throw CSchemaError(type->where, L"the simple type has no restriction, list or union");
-    auto inlineTypes = [&](const CXmlElement* parent) {
+    auto inlineTypes = [&](const CXmlElement* parent, const wchar_t* role) {
         std::vector<SimpleType*> types;
         for (const CXmlElement* child = parent->GetFirstElement(); child;
              child = child->GetNextSiblingElement())
-            if (IsXsd(child, L"simpleType")) types.push_back(ReadSimpleType(context, child, QName()));
+            if (IsXsd(child, L"simpleType"))
+                types.push_back(ReadSimpleType(context, child, QName(), stem + role));
         return types;
     };
     if (IsXsd(derivation, L"restriction")) {
-        const std::vector<SimpleType*> bases = inlineTypes(derivation);
+        const std::vector<SimpleType*> bases = inlineTypes(derivation, L"Base");
         if (Has(derivation, L"base"))
             type->baseName = Reference(context, derivation, Attr(derivation, L"base"));
         if (!bases.empty()) type->base = bases.front();
@@ -372,7 +372,7 @@ SimpleType* CSchemaReader::ReadSimpleType(const Context& context, const CXmlElem
             ReadFacet(context, facet, type->facets);
     } else if (IsXsd(derivation, L"list")) {
         type->variety = SimpleType::List;
-        const std::vector<SimpleType*> items = inlineTypes(derivation);
+        const std::vector<SimpleType*> items = inlineTypes(derivation, L"Item");
         if (Has(derivation, L"itemType"))
             type->itemName = Reference(context, derivation, Attr(derivation, L"itemType"));
         if (!items.empty()) type->item = items.front();
@@ -387,7 +387,7 @@ SimpleType* CSchemaReader::ReadSimpleType(const Context& context, const CXmlElem
             type->memberNames.push_back(Reference(context, derivation, members.substr(start, end - start)));
             start = end + 1;
         }
-        type->members = inlineTypes(derivation);
+        type->members = inlineTypes(derivation, L"Member");
         if (type->memberNames.empty() && type->members.empty())
             throw CSchemaError(type->where, L"the union has no member types");
     }
@@ -571,8 +571,7 @@ Element* CSchemaReader::ReadElement(const Context& context, const CXmlElement* e
                 throw CSchemaError(declared->where,
                                    L"an element may have a type attribute or an inline type, not both");
             if (IsXsd(child, L"simpleType")) {
-                declared->type.simple = ReadSimpleType(context, child, QName());
-                declared->type.simple->hint = declared->name.local;
+                declared->type.simple = ReadSimpleType(context, child, QName(), declared->name.local);
             } else {
                 declared->type.complex = ReadComplexType(context, child, QName());
                 declared->type.complex->hint = declared->name.local;
@@ -614,8 +613,7 @@ Attribute* CSchemaReader::ReadAttribute(const Context& context, const CXmlElemen
         if (Has(element, L"type"))
             throw CSchemaError(attribute->where,
                                L"an attribute may have a type attribute or an inline type, not both");
-        attribute->type.simple = ReadSimpleType(context, child, QName());
-        attribute->type.simple->hint = attribute->name.local;
+        attribute->type.simple = ReadSimpleType(context, child, QName(), attribute->name.local);
     }
     if (attribute->type.name.empty() && !attribute->type.simple)
         attribute->type.name = {kXsdNamespace, L"anySimpleType"};
@@ -715,7 +713,7 @@ void CSchemaReader::ReadComplexContent(const Context& context, const CXmlElement
         for (const CXmlElement* child = derivation->GetFirstElement(); child;
              child = child->GetNextSiblingElement()) {
             if (IsXsd(child, L"simpleType"))
-                step->base = ReadSimpleType(context, child, QName());
+                step->base = ReadSimpleType(context, child, QName(), step->hint + L"Base");
             else
                 ReadFacet(context, child, step->facets);
         }
@@ -872,20 +870,17 @@ void CSchemaReader::Resolve() {
     for (AttributeSet* attributes : m_allAttributeSets)
         ResolveAttributes(*attributes);
     for (auto& entry : m_set.attributeGroups) {
-        AttributeSet set{entry.second->uses, entry.second->groupRefs, entry.second->anyAttribute};
-        ResolveAttributes(set);
-        entry.second->uses = set.uses;
         // Attribute groups that contain themselves.
         std::vector<std::pair<AttributeGroup*, size_t>> path{{entry.second, 0}};
         std::set<AttributeGroup*> open{entry.second};
         while (!path.empty()) {
             AttributeGroup* current = path.back().first;
-            if (path.back().second == current->groupRefs.size()) {
+            if (path.back().second == current->attributes.groupRefs.size()) {
                 open.erase(current);
                 path.pop_back();
                 continue;
             }
-            const auto& ref = current->groupRefs[path.back().second++];
+            const auto& ref = current->attributes.groupRefs[path.back().second++];
             AttributeGroup* inner = m_set.attributeGroups[ref.first];
             if (open.count(inner))
                 throw CSchemaError(ref.second,

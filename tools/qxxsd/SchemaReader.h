@@ -39,7 +39,8 @@ private:
     void ReadSchema(const Context& context, const QxXmlLib16::CXmlElement* schema);
     void ReadInclusion(const Context& context, const QxXmlLib16::CXmlElement* element);
 
-    SimpleType* ReadSimpleType(const Context& context, const QxXmlLib16::CXmlElement* element, QName name);
+    SimpleType* ReadSimpleType(const Context& context, const QxXmlLib16::CXmlElement* element, QName name,
+                               const std::wstring& hint = std::wstring());
     ComplexType* ReadComplexType(const Context& context, const QxXmlLib16::CXmlElement* element, QName name);
     void ReadComplexContent(const Context& context, const QxXmlLib16::CXmlElement* element,
                             ComplexType* type);
