@@ -24,6 +24,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/ExpatReader.h>
 #include <QxXmlLib16/xml/XmlWriter.h>
+#include <QxXmlLib16/xml/TextWriterBase.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 // Value types and conversions
@@ -138,3 +139,7 @@
 #include <QxXmlLib16/data/ElementInfoSeqUntpdCol.h>
 #include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
 #include <QxXmlLib16/data/ElementInfoSeqUntpdOpt.h>
+
+// JSON writer, reader and handlers
+#include <QxXmlLib16/json/JsonContext.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
