@@ -143,3 +143,6 @@
 // JSON writer, reader and handlers
 #include <QxXmlLib16/json/JsonContext.h>
 #include <QxXmlLib16/json/JsonTextWriter.h>
+#include <QxXmlLib16/json/JsonReaderHandler.h>
+#include <QxXmlLib16/json/JsonReaderToXmlHandler.h>
+#include <QxXmlLib16/json/JsonTextReader.h>
