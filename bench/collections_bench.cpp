@@ -45,7 +45,7 @@ void Measure(const char* kind, const std::wstring& xml, Convert convert, Write t
 
     const double read = MedianSeconds([&] {
         CSmartPtr<Col> col = MakeCol<Col>();
-        CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext, false);
+        CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext);
     });
     const double readReference = MedianSeconds([&] {
         std::vector<decltype(convert(std::wstring()))> values;
@@ -56,7 +56,7 @@ void Measure(const char* kind, const std::wstring& xml, Convert convert, Write t
     Report("  read siblings into the collection", read, readReference);
 
     CSmartPtr<Col> col = MakeCol<Col>();
-    CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext, false);
+    CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext);
     const double write = MedianSeconds([&] {
         CTextStream stream;
         CXmlTextWriter writer(stream);

@@ -2,7 +2,7 @@
 # Debian packages the library, its tests and its tools need, plus any named as arguments. Quiet
 # when all are present already.
 set -euo pipefail
-packages=(g++ cmake make pkg-config libexpat1-dev libpcre3-dev zlib1g-dev libgtest-dev libxml2-utils python3 libgmp-dev "$@")
+packages=(g++ cmake make pkg-config libexpat1-dev libpcre2-dev zlib1g-dev libgtest-dev libxml2-utils python3 libgmp-dev "$@")
 missing=()
 for p in "${packages[@]}"; do
     dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p")

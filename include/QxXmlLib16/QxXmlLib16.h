@@ -47,6 +47,7 @@
 #include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/binding/ClassMetaData.h>
 #include <QxXmlLib16/binding/ClassfactoryBase.h>
+#include <QxXmlLib16/binding/ItemTraits.h>
 
 // Collections and wildcard content
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
@@ -96,49 +97,10 @@
 #include <QxXmlLib16/data/AttributeInfoAny.h>
 #include <QxXmlLib16/data/AttributeInfoEnum.h>
 #include <QxXmlLib16/data/AttributeInfoPrimitive.h>
-#include <QxXmlLib16/data/ElementInfoAllAbsClsCol.h>
-#include <QxXmlLib16/data/ElementInfoAllAbsClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllAbsClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllClsCol.h>
-#include <QxXmlLib16/data/ElementInfoAllClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllCol.h>
-#include <QxXmlLib16/data/ElementInfoAllEnumCol.h>
-#include <QxXmlLib16/data/ElementInfoAllEnumMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllPrimCol.h>
-#include <QxXmlLib16/data/ElementInfoAllPrimMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllPrimOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoAllUntpdMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllUntpdOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceAbsClsCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceAbsClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceClsCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceEnumCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoicePrimCol.h>
-#include <QxXmlLib16/data/ElementInfoChoicePrimOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceUntpdOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqAbsClsCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqAbsClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqAbsClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdOpt.h>
+#include <QxXmlLib16/data/ElementInfoFamily.h>
+
+// What generated classes share
+#include <QxXmlLib16/binding/GeneratedCode.h>
 
 // JSON writer, reader and handlers
 #include <QxXmlLib16/json/JsonContext.h>

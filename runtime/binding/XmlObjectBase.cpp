@@ -212,7 +212,7 @@ void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, 
     CXmlDocument document(context);
     load(document);
     CXmlElement* root = document.GetDocumentElement();
-    CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context, false);
+    CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
 }
 
 } // namespace
@@ -382,7 +382,7 @@ void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXml
                                             CXmlElement*& current, long& count,
                                             const CSerializationContext& context) {
     if (count > 0) return;
-    CXmlElement* stopped = FromXml_Int(collection, parent, current, context, false);
+    CXmlElement* stopped = FromXml_Int(collection, parent, current, context);
     if (stopped == current) return;
     current = stopped;
     collection->ValidateCount(context);
@@ -422,9 +422,8 @@ void CXmlObjectBase::ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
 }
 
 CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* element,
-                                         CXmlElement* firstChild, const CSerializationContext& context,
-                                         bool flag) {
-    return object->FromXml_Int(element, firstChild, context, flag);
+                                         CXmlElement* firstChild, const CSerializationContext& context) {
+    return object->FromXml_Int(element, firstChild, context, false);
 }
 
 void CXmlObjectBase::AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,

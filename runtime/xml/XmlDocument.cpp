@@ -64,6 +64,7 @@ CXmlDocument::~CXmlDocument() {
 void CXmlDocument::Init() {
     m_input = nullptr;
     m_inputLength = 0;
+    m_inputIsUtf16 = false;
     m_documentElement = nullptr;
     m_schemaType = m_context->GetSchemaType();
 }
@@ -74,8 +75,11 @@ void CXmlDocument::Cleanup() {
     std::free(m_input);
     m_input = nullptr;
     m_inputLength = 0;
+    m_inputIsUtf16 = false;
     m_openElements.clear();
     m_aliases.clear();
+    m_store->sourceIndex.reset();
+    m_store->sourceIndexBuilt = false;
 }
 
 const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text,
@@ -154,6 +158,7 @@ void CXmlDocument::LoadXml(const wchar_t* text) {
         m_input[2 + 2 * i] = static_cast<unsigned char>(text[i] & 0xFF);
         m_input[3 + 2 * i] = static_cast<unsigned char>((text[i] >> 8) & 0xFF);
     }
+    m_inputIsUtf16 = true;
     ParseText(m_input, m_inputLength, true);
 }
 
@@ -251,6 +256,53 @@ std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI)
         if (entry.second == uri) return entry.first;
     }
     return std::wstring();
+}
+
+const internal::CSourceIndex* CXmlDocument::SourceIndex() const {
+    if (!m_store->sourceIndexBuilt) {
+        m_store->sourceIndexBuilt = true;
+        // A callback may have dropped elements that the input still holds.
+        if (!m_elementComplete)
+            m_store->sourceIndex = internal::CSourceIndex::Build(m_documentElement, m_input, m_inputLength,
+                                                                 m_inputIsUtf16, m_schemaType != stNoNamespaces);
+    }
+    return m_store->sourceIndex.get();
+}
+
+bool CXmlDocument::GetElementPosition(const CXmlElement* element, int& line, int& column) const {
+    const internal::CSourceIndex* index = SourceIndex();
+    const internal::CSourceIndex::Entry* entry = index ? index->Find(element) : nullptr;
+    if (!entry) return false;
+    line = entry->line;
+    column = entry->column;
+    return true;
+}
+
+bool CXmlDocument::LookupNamespaceInScope(const CXmlElement* element, const std::wstring& prefix,
+                                          std::wstring& namespaceURI) const {
+    if (prefix == L"xml") {
+        namespaceURI = L"http://www.w3.org/XML/1998/namespace";
+        return true;
+    }
+    const internal::CSourceIndex* index = SourceIndex();
+    if (!index || !index->Find(element)) {
+        const auto found = m_aliases.find(prefix);
+        if (found == m_aliases.end()) return false;
+        namespaceURI = found->second;
+        return true;
+    }
+    for (; element; element = element->GetParentElement()) {
+        const internal::CSourceIndex::Entry* entry = index->Find(element);
+        if (!entry) continue;
+        for (auto declaration = entry->declarations.rbegin(); declaration != entry->declarations.rend();
+             ++declaration) {
+            if (declaration->first != prefix) continue;
+            namespaceURI = declaration->second;
+            // xmlns="" undeclares the default namespace.
+            return !namespaceURI.empty() || !prefix.empty();
+        }
+    }
+    return false;
 }
 
 CXmlElement* CXmlDocument::OpenElement(const std::wstring& namespaceURI, const std::wstring& localName) {

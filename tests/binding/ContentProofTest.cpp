@@ -184,7 +184,7 @@ TEST(ContentProof, CollectionsRefuseBadValuesThroughTheApi) {
               L"Dates added to this collection must be of type dt_date");
     EXPECT_EQ(FailureOf([&] { bag->GetI4().Add(101); }).message, L"Invalid Value for i4 [101]");
     EXPECT_EQ(FailureOf([&] { bag->GetShade().Add(static_cast<Shade>(7)); }).message,
-              L"The value [7] is not a valid Shade");
+              L"Invalid Value for shade [7]");
     EXPECT_EQ(bag->GetDate().GetCount() + bag->GetI4().GetCount() + bag->GetShade().GetCount(), 0);
 }
 

@@ -6,12 +6,7 @@
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/data/AttributeInfo.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimOpt.h>
+#include <QxXmlLib16/data/ElementInfoFamily.h>
 #include <QxXmlLib16/data/ParentElementInfo.h>
 
 #include "foundation/support/MessageOf.h"

@@ -134,7 +134,7 @@ TYPED_TEST(TypedCollection, ReadsConsecutiveSiblingsAndWritesThemBack) {
     CXmlElement* root = document.GetDocumentElement();
 
     CXmlElement* stop =
-        CXmlObjectBase::FromXml_Int(this->col.Get(), root, root->GetFirstElement(), kDefault, false);
+        CXmlObjectBase::FromXml_Int(this->col.Get(), root, root->GetFirstElement(), kDefault);
     ASSERT_NE(nullptr, stop);
     EXPECT_EQ(L"b", stop->GetLocalName());
     ASSERT_EQ(2, this->col->GetCount());
@@ -220,7 +220,7 @@ TEST(TypedCollectionFacets, ReadingStopsAtTheFirstRefusedValueAndNamesItsElement
     document.LoadXml(L"<r><a>ab</a><a>abcd</a><a>c</a></r>");
     CXmlElement* root = document.GetDocumentElement();
     try {
-        CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault, false);
+        CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault);
         ADD_FAILURE() << "the long value was taken";
     } catch (const CQxValidationException& e) {
         EXPECT_EQ(L"/r/a[2]", e.GetPath());
@@ -272,7 +272,7 @@ TEST(TypeCollectionReading, MatchesNamespacesUnlessTheyAreIgnored) {
     document.LoadXml(L"<r xmlns:p='urn:p'><a>1</a><p:a>2</p:a><a>3</a></r>");
     CXmlElement* root = document.GetDocumentElement();
     CSmartPtr<Ci4Col> col = MakeCol<Ci4Col>();
-    EXPECT_EQ(L"urn:p", CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault, false)
+    EXPECT_EQ(L"urn:p", CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault)
                             ->GetNamespaceURI());
     EXPECT_EQ(1, col->GetCount());
 
@@ -280,7 +280,7 @@ TEST(TypeCollectionReading, MatchesNamespacesUnlessTheyAreIgnored) {
     ignoring.SetIgnoreNamespaces(true);
     col->Clear();
     EXPECT_EQ(nullptr,
-              CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), ignoring, false));
+              CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), ignoring));
     EXPECT_EQ(3, col->GetCount());
-    EXPECT_EQ(nullptr, CXmlObjectBase::FromXml_Int(col.Get(), root, nullptr, kDefault, false));
+    EXPECT_EQ(nullptr, CXmlObjectBase::FromXml_Int(col.Get(), root, nullptr, kDefault));
 }
