@@ -5,11 +5,12 @@
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 
+#include "foundation/support/MessageOf.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <fstream>
-#include <functional>
 #include <string>
 
 using namespace QxXmlLib16;
@@ -55,15 +56,6 @@ std::string Compressed(CompressionType type) {
     return Text(data);
 }
 
-std::wstring MessageOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const CQxException& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
-}
-
 } // namespace
 
 TEST(JsonDocument, EverySourceGivesTheSameXml) {
@@ -86,17 +78,18 @@ TEST(JsonDocument, EverySourceGivesTheSameXml) {
 
 TEST(JsonDocument, EmptyAndMissingInput) {
     CXmlDocument document;
-    EXPECT_EQ(L"JSON String is empty!", MessageOf([&] { document.LoadJson(""); }));
-    EXPECT_EQ(L"JSON String is empty!", MessageOf([&] { document.LoadJson(L""); }));
+    EXPECT_EQ(L"JSON String is empty!", MessageOf<CQxException>([&] { document.LoadJson(""); }));
+    EXPECT_EQ(L"JSON String is empty!", MessageOf<CQxException>([&] { document.LoadJson(L""); }));
     EXPECT_EQ(L"JSON String is empty!",
-              MessageOf([&] { document.LoadJson(static_cast<const char*>(nullptr)); }));
-    EXPECT_EQ(L"JSON Stream is empty!", MessageOf([&] { document.LoadJsonStream(nullptr, 0); }));
+              MessageOf<CQxException>([&] { document.LoadJson(static_cast<const char*>(nullptr)); }));
+    EXPECT_EQ(L"JSON Stream is empty!",
+              MessageOf<CQxException>([&] { document.LoadJsonStream(nullptr, 0); }));
     EXPECT_EQ(L"Failed to open the file [no/such.json].",
-              MessageOf([&] { document.LoadJsonFile(L"no/such.json"); }));
+              MessageOf<CQxException>([&] { document.LoadJsonFile(L"no/such.json"); }));
     const std::string empty = FileWith("");
     const std::wstring name(empty.begin(), empty.end());
     EXPECT_EQ(L"Failed to read the contents of the file [" + name + L"] Error [0]",
-              MessageOf([&] { document.LoadJsonFile(name.c_str()); }));
+              MessageOf<CQxException>([&] { document.LoadJsonFile(name.c_str()); }));
     std::remove(empty.c_str());
 }
 
@@ -115,13 +108,13 @@ TEST(JsonDocument, InvalidUtf8IsRefusedWithItsOffset) {
         {"[\"ok\"] \xE2\x82", L"Invalid UTF-8 in the JSON text at byte 7."}, // cut at the end
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(c.message, MessageOf([&] { FromStream(c.bytes); }));
+        EXPECT_EQ(c.message, MessageOf<CQxException>([&] { FromStream(c.bytes); }));
         CXmlDocument document;
-        EXPECT_EQ(c.message, MessageOf([&] { document.LoadJson(c.bytes.c_str()); }));
+        EXPECT_EQ(c.message, MessageOf<CQxException>([&] { document.LoadJson(c.bytes.c_str()); }));
     }
 }
 
 TEST(JsonDocument, GrammarErrorsComeThroughWithTheirPosition) {
     EXPECT_EQ(L"Expected Object separator character ',', found '\"' at line 2, position 3.\nPath: .r",
-              MessageOf([] { FromStream("{\"r\": {\"a\": 1\n  \"b\": 2}}"); }));
+              MessageOf<CQxException>([] { FromStream("{\"r\": {\"a\": 1\n  \"b\": 2}}"); }));
 }

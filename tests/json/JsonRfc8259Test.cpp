@@ -1,6 +1,7 @@
 // With RFC 8259 escaping any string reads back as written, through our reader and through Python's
 // json module: a property over random strings of every kind of character.
 
+#include "json/support/Handlers.h"
 #include "json/support/PythonJson.h"
 
 #include <QxXmlLib16/foundation/TextStream.h>
@@ -109,19 +110,9 @@ std::wstring Document(const std::vector<std::wstring>& strings, bool formatted) 
 }
 
 std::vector<std::wstring> ReadStrings(const std::wstring& json) {
-    struct Strings : IJsonReaderHandler {
+    struct Strings : CIgnoringHandler {
         std::vector<std::wstring> values;
-        void ReadStartDocument() override {}
-        void ReadEndDocument() override {}
-        void ReadName(const std::wstring&) override {}
         void ReadString(const std::wstring& value) override { values.push_back(value); }
-        void ReadNumber(const std::wstring&) override {}
-        void ReadStartObject() override {}
-        void ReadEndObject() override {}
-        void ReadStartArray() override {}
-        void ReadEndArray() override {}
-        void ReadBool(bool) override {}
-        void ReadNull() override {}
     } strings;
     CJsonTextReader reader(json);
     reader.SetJsonReaderHandler(&strings);

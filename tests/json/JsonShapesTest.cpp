@@ -8,33 +8,16 @@
 #include <QxXmlLib16/json/JsonTextWriter.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
+#include "json/support/WriterCalls.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 
 using namespace QxXmlLib16;
+using namespace WriterCalls;
 
 namespace {
-
-typedef std::function<void(CXmlWriter&)> Writes;
-
-void Value(CXmlWriter& w, const wchar_t* name, const wchar_t* text, ItemType type = itString) {
-    w.WriteStartElement(name, L"");
-    w.WriteString(text, type, false);
-    w.WriteEndElement();
-}
-
-void Element(CXmlWriter& w, const wchar_t* name, const Writes& content, const wchar_t* ns = L"") {
-    w.WriteStartElement(name, ns);
-    content(w);
-    w.WriteEndElement();
-}
-
-void Collection(CXmlWriter& w, const Writes& items) {
-    w.SetContextState(CXmlWriter::csArrayStarting);
-    items(w);
-    w.SetContextState(CXmlWriter::csArrayComplete);
-}
 
 struct Shape {
     const char* name;

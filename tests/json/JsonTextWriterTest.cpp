@@ -5,16 +5,17 @@
 #include <QxXmlLib16/foundation/TextStream.h>
 #include <QxXmlLib16/json/JsonTextWriter.h>
 
+#include "json/support/WriterCalls.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <vector>
 
 using namespace QxXmlLib16;
+using namespace WriterCalls;
 
 namespace {
-
-typedef std::function<void(CJsonTextWriter&)> Writes;
 
 struct Options {
     JsonRoundTrip level = jrtFull;
@@ -48,36 +49,15 @@ std::wstring Thrown(const Writes& writes, Options options = Options()) {
     return L"(nothing thrown)";
 }
 
-// An element with a value, as a primitive member is written.
-void Value(CJsonTextWriter& w, const wchar_t* name, const wchar_t* text, ItemType type = itString) {
-    w.WriteStartElement(name, L"");
-    w.WriteString(text, type, false);
-    w.WriteEndElement();
-}
-
-// An element with children, as a class member is written.
-void Object(CJsonTextWriter& w, const wchar_t* name, const Writes& content) {
-    w.WriteStartElement(name, L"");
-    content(w);
-    w.WriteEndElement();
-}
-
-// Items written as a collection descriptor writes them.
-void Collection(CJsonTextWriter& w, const Writes& items) {
-    w.SetContextState(CXmlWriter::csArrayStarting);
-    items(w);
-    w.SetContextState(CXmlWriter::csArrayComplete);
-}
-
 Writes Root(const Writes& content) {
-    return [content](CJsonTextWriter& w) { Object(w, L"r", content); };
+    return [content](CXmlWriter& w) { Element(w, L"r", content); };
 }
 
 } // namespace
 
 TEST(JsonWriterValues, IntegerKindsAreLiteralsAndStringsQuoted) {
-    EXPECT_EQ(L"{\"r\": {\"a\": 5}}", Json(Root([](CJsonTextWriter& w) { Value(w, L"a", L"5", itI4); })));
-    EXPECT_EQ(L"{\"r\": {\"a\": \"5\"}}", Json(Root([](CJsonTextWriter& w) { Value(w, L"a", L"5"); })));
+    EXPECT_EQ(L"{\"r\": {\"a\": 5}}", Json(Root([](CXmlWriter& w) { Value(w, L"a", L"5", itI4); })));
+    EXPECT_EQ(L"{\"r\": {\"a\": \"5\"}}", Json(Root([](CXmlWriter& w) { Value(w, L"a", L"5"); })));
 }
 
 // Texts of the numeric and boolean kinds that are no JSON literal are strings, so that the output
@@ -114,7 +94,7 @@ TEST(JsonWriterValues, LiteralsOnlyWhereTheTextIsOne) {
 }
 
 TEST(JsonWriterLevels, AttributeAndTextKeys) {
-    const Writes attributeAndText = Root([](CJsonTextWriter& w) {
+    const Writes attributeAndText = Root([](CXmlWriter& w) {
         w.WriteStartElement(L"a", L"");
         w.WriteAttributeString(L"x", L"", L"1", itString);
         w.WriteString(L"t", itString, false);
@@ -128,7 +108,7 @@ TEST(JsonWriterLevels, AttributeAndTextKeys) {
 }
 
 TEST(JsonWriterLevels, NamespacesOnlyAtLevelTwo) {
-    const Writes qualified = [](CJsonTextWriter& w) {
+    const Writes qualified = [](CXmlWriter& w) {
         w.AddNamespace(L"p", L"urn:p");
         w.WriteStartElement(L"r", L"urn:r");
         w.WriteStartElement(L"c", L"urn:p");
@@ -146,7 +126,7 @@ TEST(JsonWriterLevels, NamespacesOnlyAtLevelTwo) {
 }
 
 TEST(JsonWriterLevels, DefaultNamespaceNeedsNoPrefix) {
-    EXPECT_EQ(L"{\"r\": {\"@xmlns\": \"urn:r\",\"a\": 1}}", Json([](CJsonTextWriter& w) {
+    EXPECT_EQ(L"{\"r\": {\"@xmlns\": \"urn:r\",\"a\": 1}}", Json([](CXmlWriter& w) {
                   w.SetDefaultNamespace(L"urn:r");
                   w.WriteStartElement(L"r", L"urn:r");
                   w.WriteStartElement(L"a", L"urn:r");
@@ -157,15 +137,15 @@ TEST(JsonWriterLevels, DefaultNamespaceNeedsNoPrefix) {
 }
 
 TEST(JsonWriterLevels, NamespacesBelowTheRootMustBeDeclaredThere) {
-    EXPECT_EQ(L"Unknown Namespace: c.", Thrown([](CJsonTextWriter& w) {
+    EXPECT_EQ(L"Unknown Namespace: c.", Thrown([](CXmlWriter& w) {
                   w.WriteStartElement(L"r", L"urn:r");
                   w.WriteStartElement(L"c", L"urn:undeclared");
               }));
-    EXPECT_EQ(L"Unknown Namespace: x.", Thrown([](CJsonTextWriter& w) {
+    EXPECT_EQ(L"Unknown Namespace: x.", Thrown([](CXmlWriter& w) {
                   w.WriteStartElement(L"r", L"");
                   w.WriteAttributeString(L"x", L"urn:undeclared", L"1", itString);
               }));
-    EXPECT_EQ(L"Unknown Namespace: type.", Thrown([](CJsonTextWriter& w) {
+    EXPECT_EQ(L"Unknown Namespace: type.", Thrown([](CXmlWriter& w) {
                   w.AddNamespace(L"xsi", CXmlWriter::XSI_NAMESPACE);
                   w.WriteStartElement(L"r", L"");
                   w.WriteAttributeType(L"urn:types", L"T", itString);
@@ -174,7 +154,7 @@ TEST(JsonWriterLevels, NamespacesBelowTheRootMustBeDeclaredThere) {
     Options options;
     options.level = jrtMarkers;
     EXPECT_EQ(L"{\"r\": {\"c\": {\"@type\": \"T\"}}}", Json(
-                                                           [](CJsonTextWriter& w) {
+                                                           [](CXmlWriter& w) {
                                                                w.WriteStartElement(L"r", L"urn:r");
                                                                w.WriteStartElement(L"c", L"urn:other");
                                                                w.WriteAttributeType(L"urn:types", L"T",
@@ -189,7 +169,7 @@ TEST(JsonWriterLevels, TypeAttributeWithItsPrefix) {
     // Declarations in the order of their URIs.
     EXPECT_EQ(L"{\"r\": {\"@xmlns:xsi\": \"http://www.w3.org/2001/XMLSchema-instance\",\"@xmlns:t\": "
               L"\"urn:types\",\"@xsi:type\": \"t:T\"}}",
-              Json([](CJsonTextWriter& w) {
+              Json([](CXmlWriter& w) {
                   w.AddNamespace(L"xsi", CXmlWriter::XSI_NAMESPACE);
                   w.AddNamespace(L"t", L"urn:types");
                   w.WriteStartElement(L"r", L"");
@@ -204,11 +184,11 @@ TEST(JsonWriterArrays, RepeatedObjectsFormattedAsTheSpecimen) {
     EXPECT_EQ(L"{\n\t\"R\": {\n\t\t\"G\": [\n\t\t\t{\n\t\t\t\t\"b\": 1\n\t\t\t},\n\t\t\t{\n\t\t\t\t\"b\": 2\n"
               L"\t\t\t}\n\t\t]\n\t}\n}",
               Json(
-                  [](CJsonTextWriter& w) {
-                      Object(w, L"R", [](CJsonTextWriter& w) {
-                          Collection(w, [](CJsonTextWriter& w) {
-                              Object(w, L"G", [](CJsonTextWriter& w) { Value(w, L"b", L"1", itI4); });
-                              Object(w, L"G", [](CJsonTextWriter& w) { Value(w, L"b", L"2", itI4); });
+                  [](CXmlWriter& w) {
+                      Element(w, L"R", [](CXmlWriter& w) {
+                          Collection(w, [](CXmlWriter& w) {
+                              Element(w, L"G", [](CXmlWriter& w) { Value(w, L"b", L"1", itI4); });
+                              Element(w, L"G", [](CXmlWriter& w) { Value(w, L"b", L"2", itI4); });
                           });
                       });
                   },
@@ -218,8 +198,8 @@ TEST(JsonWriterArrays, RepeatedObjectsFormattedAsTheSpecimen) {
 // Repeated simple elements are an array of values, so that a collection of primitives reads back
 // as a collection.
 TEST(JsonWriterArrays, RepeatedValuesAreAnArrayOfValues) {
-    EXPECT_EQ(L"{\"r\": {\"v\": [1,2,3]}}", Json(Root([](CJsonTextWriter& w) {
-                  Collection(w, [](CJsonTextWriter& w) {
+    EXPECT_EQ(L"{\"r\": {\"v\": [1,2,3]}}", Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
                       for (const wchar_t* text : {L"1", L"2", L"3"})
                           Value(w, L"v", text, itI4);
                   });
@@ -227,8 +207,8 @@ TEST(JsonWriterArrays, RepeatedValuesAreAnArrayOfValues) {
     Options options;
     options.format = true;
     EXPECT_EQ(L"{\n\t\"r\": {\n\t\t\"v\": [\n\t\t\t\"a\",\n\t\t\t\"b\"\n\t\t]\n\t}\n}",
-              Json(Root([](CJsonTextWriter& w) {
-                       Collection(w, [](CJsonTextWriter& w) {
+              Json(Root([](CXmlWriter& w) {
+                       Collection(w, [](CXmlWriter& w) {
                            Value(w, L"v", L"a");
                            Value(w, L"v", L"b");
                        });
@@ -238,14 +218,14 @@ TEST(JsonWriterArrays, RepeatedValuesAreAnArrayOfValues) {
 
 TEST(JsonWriterArrays, MembersAfterACollectionAndCollectionsInARow) {
     EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"b\": [{\"c\": 3},null],\"z\": \"end\"}}",
-              Json(Root([](CJsonTextWriter& w) {
-                  Collection(w, [](CJsonTextWriter& w) {
+              Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
                       Value(w, L"a", L"1", itI4);
                       Value(w, L"a", L"2", itI4);
                   });
-                  Collection(w, [](CJsonTextWriter& w) {
-                      Object(w, L"b", [](CJsonTextWriter& w) { Value(w, L"c", L"3", itI4); });
-                      Object(w, L"b", [](CJsonTextWriter& w) { w.WriteAttributeNil(); });
+                  Collection(w, [](CXmlWriter& w) {
+                      Element(w, L"b", [](CXmlWriter& w) { Value(w, L"c", L"3", itI4); });
+                      Element(w, L"b", [](CXmlWriter& w) { w.WriteAttributeNil(); });
                   });
                   Value(w, L"z", L"end");
               })));
@@ -254,8 +234,8 @@ TEST(JsonWriterArrays, MembersAfterACollectionAndCollectionsInARow) {
 // The items of a repeated group are elements of several names: each name change ends the array, so
 // that every element keeps its key and the order survives.
 TEST(JsonWriterArrays, ItemsOfSeveralNamesKeepTheirKeys) {
-    EXPECT_EQ(L"{\"r\": {\"a\": [1],\"b\": 2,\"a\": 3,\"b\": 4}}", Json(Root([](CJsonTextWriter& w) {
-                  Collection(w, [](CJsonTextWriter& w) {
+    EXPECT_EQ(L"{\"r\": {\"a\": [1],\"b\": 2,\"a\": 3,\"b\": 4}}", Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
                       Value(w, L"a", L"1", itI4);
                       Value(w, L"b", L"2", itI4);
                       Value(w, L"a", L"3", itI4);
@@ -265,8 +245,8 @@ TEST(JsonWriterArrays, ItemsOfSeveralNamesKeepTheirKeys) {
 }
 
 TEST(JsonWriterArrays, TextAfterRepeatedChildrenClosesTheArray) {
-    EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"#text\": \"t\"}}", Json(Root([](CJsonTextWriter& w) {
-                  Collection(w, [](CJsonTextWriter& w) {
+    EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"#text\": \"t\"}}", Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
                       Value(w, L"a", L"1", itI4);
                       Value(w, L"a", L"2", itI4);
                   });
@@ -276,11 +256,11 @@ TEST(JsonWriterArrays, TextAfterRepeatedChildrenClosesTheArray) {
 
 TEST(JsonWriterEmpty, NilIsNullAndNothingIsAnEmptyObject) {
     EXPECT_EQ(L"{\"r\": {\"n\": null,\"e\": {},\"s\": \"\",\"a\": {\"@x\": 1,\"#text\": null}}}",
-              Json(Root([](CJsonTextWriter& w) {
-                  Object(w, L"n", [](CJsonTextWriter& w) { w.WriteAttributeNil(); });
-                  Object(w, L"e", [](CJsonTextWriter&) {});
+              Json(Root([](CXmlWriter& w) {
+                  Element(w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); });
+                  Element(w, L"e", [](CXmlWriter&) {});
                   Value(w, L"s", L"");
-                  Object(w, L"a", [](CJsonTextWriter& w) {
+                  Element(w, L"a", [](CXmlWriter& w) {
                       w.WriteAttributeString(L"x", L"", L"1", itI4);
                       w.WriteAttributeNil();
                   });
@@ -288,24 +268,24 @@ TEST(JsonWriterEmpty, NilIsNullAndNothingIsAnEmptyObject) {
 }
 
 TEST(JsonWriterMisuse, ContentOutOfOrderIsRefused) {
-    EXPECT_EQ(L"Attributes must be added before elements", Thrown(Root([](CJsonTextWriter& w) {
+    EXPECT_EQ(L"Attributes must be added before elements", Thrown(Root([](CXmlWriter& w) {
                   Value(w, L"a", L"1");
                   w.WriteAttributeString(L"x", L"", L"1", itString);
               })));
-    EXPECT_EQ(L"Attributes must be added before elements", Thrown([](CJsonTextWriter& w) {
+    EXPECT_EQ(L"Attributes must be added before elements", Thrown([](CXmlWriter& w) {
                   w.WriteStartElement(L"r", L"");
                   w.WriteString(L"v", itString, false);
                   w.WriteAttributeNil();
               }));
     EXPECT_EQ(L"The element [r] already has a value: JSON has no place for further content after it.",
-              Thrown([](CJsonTextWriter& w) {
+              Thrown([](CXmlWriter& w) {
                   w.WriteStartElement(L"r", L"");
                   w.WriteString(L"v", itString, false);
                   w.WriteStartElement(L"c", L"");
               }));
-    EXPECT_EQ(L"No Element is open.", Thrown([](CJsonTextWriter& w) { w.WriteEndElement(); }));
+    EXPECT_EQ(L"No Element is open.", Thrown([](CXmlWriter& w) { w.WriteEndElement(); }));
     EXPECT_EQ(L"An Element has not been closed.",
-              Thrown([](CJsonTextWriter& w) { w.WriteStartElement(L"r", L""); }));
+              Thrown([](CXmlWriter& w) { w.WriteStartElement(L"r", L""); }));
     CTextStream stream;
     CJsonTextWriter writer(stream);
     EXPECT_THROW(writer.SetEOLType(EOLType(2)), CQxException);
@@ -345,7 +325,7 @@ TEST(JsonWriterEscaping, KeysAndNamespaceUrisAreStringsToo) {
     options.rfc8259 = true;
     EXPECT_EQ(L"{\"r\": {\"@xmlns\": \"urn:\\\"q\\\"\",\"a\\\\b\": 1}}",
               Json(
-                  [](CJsonTextWriter& w) {
+                  [](CXmlWriter& w) {
                       w.SetDefaultNamespace(L"urn:\"q\"");
                       w.WriteStartElement(L"r", L"");
                       Value(w, L"a\\b", L"1", itI4);
@@ -355,7 +335,7 @@ TEST(JsonWriterEscaping, KeysAndNamespaceUrisAreStringsToo) {
 }
 
 TEST(JsonWriterComments, BetweenMembersAndLeftOutUnderRfc8259) {
-    const Writes withComment = Root([](CJsonTextWriter& w) {
+    const Writes withComment = Root([](CXmlWriter& w) {
         w.WriteComment(L"a */ b");
         Value(w, L"a", L"1", itI4);
     });
@@ -370,7 +350,7 @@ TEST(JsonWriterLayout, LineEndsFollowTheEolType) {
     options.format = true;
     options.eol = eolCRLF;
     EXPECT_EQ(L"{\r\n\t\"r\": {\r\n\t\t\"@x\": 1,\r\n\t\t\"a\": \"l1\r\nl2\"\r\n\t}\r\n}",
-              Json(Root([](CJsonTextWriter& w) {
+              Json(Root([](CXmlWriter& w) {
                        w.WriteAttributeString(L"x", L"", L"1", itI4);
                        Value(w, L"a", L"l1\nl2");
                    }),

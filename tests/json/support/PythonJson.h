@@ -2,6 +2,8 @@
 
 // Python's json module as the judge of what the library writes (see json_check.py beside this).
 
+#include "json/support/Handlers.h"
+
 #include <QxXmlLib16/foundation/Encoder.h>
 #include <QxXmlLib16/json/JsonTextReader.h>
 
@@ -40,24 +42,15 @@ inline std::string Errors(const std::vector<std::string>& files) {
 // Whether a string of json, written with RFC 8259 escaping, holds a character that the established
 // escaping writes as it is: the quote, the backslash, tab, backspace, form feed or line feed.
 inline bool HasCharactersLeftUnescaped(const std::wstring& json) {
-    struct Scan : QxXmlLib16::IJsonReaderHandler {
+    struct Scan : CIgnoringHandler {
         bool found = false;
         void Check(const std::wstring& text) {
             for (wchar_t c : text)
                 found =
                     found || c == L'"' || c == L'\\' || c == L'\t' || c == L'\b' || c == L'\f' || c == L'\n';
         }
-        void ReadStartDocument() override {}
-        void ReadEndDocument() override {}
         void ReadName(const std::wstring& name) override { Check(name); }
         void ReadString(const std::wstring& value) override { Check(value); }
-        void ReadNumber(const std::wstring&) override {}
-        void ReadStartObject() override {}
-        void ReadEndObject() override {}
-        void ReadStartArray() override {}
-        void ReadEndArray() override {}
-        void ReadBool(bool) override {}
-        void ReadNull() override {}
     } scan;
     QxXmlLib16::CJsonTextReader reader(json);
     reader.SetJsonReaderHandler(&scan);
