@@ -62,6 +62,7 @@
 #include <QxXmlLib16/collections/AttributeCol.h>
 #include <QxXmlLib16/collections/Element.h>
 #include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/binding/SchemaSupport.h>
 
 // Descriptors of generated classes
 #include <QxXmlLib16/data/ElementInfo.h>
