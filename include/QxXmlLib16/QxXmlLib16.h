@@ -24,6 +24,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/ExpatReader.h>
 #include <QxXmlLib16/xml/XmlWriter.h>
+#include <QxXmlLib16/xml/TextWriterBase.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 // Value types and conversions
@@ -57,33 +58,6 @@
 #include <QxXmlLib16/collections/TypedCollection.h>
 #include <QxXmlLib16/collections/PrimitiveCol.h>
 #include <QxXmlLib16/collections/datetimeBaseCol.h>
-#include <QxXmlLib16/collections/AttributeCol.h>
-#include <QxXmlLib16/collections/ElementCol.h>
-#include <QxXmlLib16/collections/base64BinaryCol.h>
-#include <QxXmlLib16/collections/booleanCol.h>
-#include <QxXmlLib16/collections/dateCol.h>
-#include <QxXmlLib16/collections/datetimeCol.h>
-#include <QxXmlLib16/collections/dayCol.h>
-#include <QxXmlLib16/collections/decimalCol.h>
-#include <QxXmlLib16/collections/durationCol.h>
-#include <QxXmlLib16/collections/hexBinaryCol.h>
-#include <QxXmlLib16/collections/i1Col.h>
-#include <QxXmlLib16/collections/i2Col.h>
-#include <QxXmlLib16/collections/i4Col.h>
-#include <QxXmlLib16/collections/i8Col.h>
-#include <QxXmlLib16/collections/integerCol.h>
-#include <QxXmlLib16/collections/monthCol.h>
-#include <QxXmlLib16/collections/monthDayCol.h>
-#include <QxXmlLib16/collections/r4Col.h>
-#include <QxXmlLib16/collections/r8Col.h>
-#include <QxXmlLib16/collections/stringCol.h>
-#include <QxXmlLib16/collections/timeCol.h>
-#include <QxXmlLib16/collections/ui1Col.h>
-#include <QxXmlLib16/collections/ui2Col.h>
-#include <QxXmlLib16/collections/ui4Col.h>
-#include <QxXmlLib16/collections/ui8Col.h>
-#include <QxXmlLib16/collections/yearCol.h>
-#include <QxXmlLib16/collections/yearMonthCol.h>
 #include <QxXmlLib16/collections/Attribute.h>
 #include <QxXmlLib16/collections/AttributeCol.h>
 #include <QxXmlLib16/collections/Element.h>
@@ -101,3 +75,10 @@
 
 // What generated classes share
 #include <QxXmlLib16/binding/GeneratedCode.h>
+
+// JSON writer, reader and handlers
+#include <QxXmlLib16/json/JsonContext.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
+#include <QxXmlLib16/json/JsonReaderHandler.h>
+#include <QxXmlLib16/json/JsonReaderToXmlHandler.h>
+#include <QxXmlLib16/json/JsonTextReader.h>

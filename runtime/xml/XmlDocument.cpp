@@ -5,6 +5,9 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 
+#include <QxXmlLib16/foundation/ConvertUTF.h>
+#include <QxXmlLib16/json/JsonTextReader.h>
+
 #include "xml/DocumentStore.h"
 
 #include <cerrno>
@@ -101,6 +104,11 @@ void CXmlDocument::TakeInput(const unsigned char* data, unsigned long length) {
 
 void CXmlDocument::Load(const wchar_t* fileName) {
     Cleanup();
+    ReadInputFile(fileName);
+    Parse();
+}
+
+void CXmlDocument::ReadInputFile(const wchar_t* fileName) {
     const wchar_t* name = fileName ? fileName : L"";
     std::unique_ptr<FILE, FileCloser> file(std::fopen(UnicodeToMultiByte(name).c_str(), "rt"));
     if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
@@ -119,8 +127,6 @@ void CXmlDocument::Load(const wchar_t* fileName) {
         throw CQxException(
             FormatString(L"Failed to read the contents of the file [%ls] Error [%d]", name, error));
     }
-    file.reset();
-    Parse();
 }
 
 void CXmlDocument::LoadXmlStream(unsigned char* data, unsigned long length) {
@@ -169,6 +175,70 @@ void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bo
     CExpatReader reader(*this);
     reader.CreateParser(utf16Input);
     reader.Parse(data, length, true);
+}
+
+// ---- JSON --------------------------------------------------------------------------------------
+
+namespace {
+
+// Strict UTF-8: a JSON text that is not valid UTF-8 is refused, not repaired.
+std::wstring DecodeJson(const unsigned char* bytes, unsigned long length) {
+    static const unsigned char kByteOrderMark[] = {0xEF, 0xBB, 0xBF};
+    const unsigned long skipped = length >= 3 && std::memcmp(bytes, kByteOrderMark, 3) == 0 ? 3 : 0;
+    const UTF8* source = bytes + skipped;
+    const UTF8* end = bytes + length;
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(source, length - skipped))
+        return std::wstring(source, end);
+    static_assert(sizeof(wchar_t) == sizeof(UTF32), "wide characters are UTF-32");
+    std::wstring text(length - skipped, L'\0'); // never more characters than bytes
+    UTF32* start = reinterpret_cast<UTF32*>(&text[0]);
+    UTF32* target = start;
+    if (ConvertUTF8toUTF32(&source, end, &target, start + text.size(), strictConversion) != conversionOK)
+        throw CQxValidationException(FormatString(L"Invalid UTF-8 in the JSON text at byte %lu.",
+                                                  static_cast<unsigned long>(source - bytes)),
+                                     std::wstring());
+    text.resize(static_cast<size_t>(target - start));
+    return text;
+}
+
+} // namespace
+
+CBinaryData CXmlDocument::LoadJsonFile(const wchar_t* fileName) {
+    Cleanup();
+    ReadInputFile(fileName);
+    return ParseJson();
+}
+
+CBinaryData CXmlDocument::LoadJsonStream(unsigned char* data, unsigned long length) {
+    Cleanup();
+    if (!data || length == 0) throw CQxException(L"JSON Stream is empty!");
+    if (!MayBeCompressed(data, length))
+        return CJsonTextReader::ConvertJsonToXml(DecodeJson(data, length), *m_context);
+    TakeInput(data, length);
+    return ParseJson();
+}
+
+CBinaryData CXmlDocument::LoadJson(const char* text) {
+    Cleanup();
+    if (!text || !*text) throw CQxException(L"JSON String is empty!");
+    return CJsonTextReader::ConvertJsonToXml(DecodeJson(reinterpret_cast<const unsigned char*>(text),
+                                                        static_cast<unsigned long>(std::strlen(text))),
+                                             *m_context);
+}
+
+CBinaryData CXmlDocument::LoadJson(const wchar_t* text) {
+    Cleanup();
+    if (!text || !*text) throw CQxException(L"JSON String is empty!");
+    return CJsonTextReader::ConvertJsonToXml(text, *m_context);
+}
+
+CBinaryData CXmlDocument::ParseJson() {
+    CQxZip::Decompress(&m_input, &m_inputLength);
+    return ParseJsonText();
+}
+
+CBinaryData CXmlDocument::ParseJsonText() {
+    return CJsonTextReader::ConvertJsonToXml(DecodeJson(m_input, m_inputLength), *m_context);
 }
 
 void CXmlDocument::SetAlias(const std::wstring& alias, const std::wstring& namespaceURI) {

@@ -3,6 +3,7 @@
 #include <QxXmlLib16/foundation/Export.h>
 #include <QxXmlLib16/foundation/InstanceMonitor.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/values/BinaryData.h>
 
 #include <cstddef>
 #include <map>
@@ -53,6 +54,16 @@ public:
     // low 16 bits). Throws "XML String is empty!" for null or empty text.
     void LoadXml(const wchar_t* text);
 
+    // JSON, translated into XML text, which is returned as UTF-8 for the caller to load; the
+    // document itself is left empty. Bytes (from a file or stream, compressed or not, and narrow
+    // text) are UTF-8, a byte order mark in front allowed; anything else fails with "Invalid UTF-8
+    // in the JSON text at byte %lu.". Empty input fails with "JSON Stream is empty!" or "JSON String
+    // is empty!", a file as Load fails, and the JSON itself as CJsonTextReader reports.
+    CBinaryData LoadJsonFile(const wchar_t* fileName);
+    CBinaryData LoadJsonStream(unsigned char* data, unsigned long length);
+    CBinaryData LoadJson(const char* text);
+    CBinaryData LoadJson(const wchar_t* text);
+
     CXmlElement* GetDocumentElement() const { return m_documentElement; }
     const CSerializationContext& GetSerializationContext() const { return *m_context; }
     SchemaType GetSchemaType() const { return m_schemaType; }
@@ -97,6 +108,10 @@ protected:
     void Parse();
     // Parses the input buffer as XML text.
     void ParseText();
+    // Translates the input buffer from JSON into XML text (UTF-8): inflated first by ParseJson,
+    // taken as it is by ParseJsonText.
+    CBinaryData ParseJson();
+    CBinaryData ParseJsonText();
 
 private:
     friend class CXmlElement;
@@ -105,6 +120,8 @@ private:
 
     void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
     void TakeInput(const unsigned char* data, unsigned long length);
+    // Reads the whole file into the input buffer.
+    void ReadInputFile(const wchar_t* fileName);
     // The positions of the tree, built on first use; null when they cannot be known.
     const internal::CSourceIndex* SourceIndex() const;
     // Names are interned in the document's table, or in one process-wide table for nodes that
