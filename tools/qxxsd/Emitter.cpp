@@ -217,7 +217,8 @@ std::wstring CEmitter::MemberDeclaration(const ClassPlan& owner, const MemberPla
     if (SetterOutOfLine(member))
         text += L"    void Set" + name + L"(" + type + L" value);\n";
     else
-        text += L"    void Set" + name + L"(" + type + L" value) { " + field + L" = std::move(value); }\n";
+        text += L"    void Set" + name + L"(" + type + L" value) { " + field +
+                (byValue ? L" = value; }\n" : L" = std::move(value); }\n");
     if (member.nillable) {
         text += L"    // The element may be written as nil (xsi:nil) instead of a value.\n";
         text += L"    bool Is" + name + L"Nil() const { return " + NilFlag(member) + L"; }\n";

@@ -702,7 +702,10 @@ struct CPlanner::Impl {
         if (element->type.complex && (element->defaultValue || element->fixedValue))
             diagnostics.Warn(element->where, L"the default or fixed value of " + element->name.Text() +
                                                  L", an element of complex type, is not applied");
+        // Without a word of its own, an element of a documented simple type says what its type says.
         member->documentation = element->documentation;
+        if (member->documentation.empty() && member->value)
+            member->documentation = member->value->documentation;
         return member;
     }
 
@@ -840,6 +843,7 @@ struct CPlanner::Impl {
             member->cardinality = member->required ? MemberPlan::Mandatory : MemberPlan::Optional;
             member->documentation =
                 use->documentation.empty() ? attribute->documentation : use->documentation;
+            if (member->documentation.empty()) member->documentation = member->value->documentation;
             const auto& fixed = use->fixedValue ? use->fixedValue : attribute->fixedValue;
             const auto& defaultValue = use->defaultValue ? use->defaultValue : attribute->defaultValue;
             member->fixed = fixed.has_value();
