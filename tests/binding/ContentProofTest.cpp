@@ -35,15 +35,15 @@ CSerializationContext Relaxed(void (CSerializationContext::*option)(bool)) {
 TEST(ContentProof, EveryValueTypeAndWildcardSurvivesARoundTrip) {
     CSmartPtr<CBag> bag(new CBag);
     bag->FromXml(kContentFull);
-    EXPECT_EQ(bag->GetI1().GetCount(), 2);
-    EXPECT_EQ(bag->GetStr().Item(1), L" x y ");
-    EXPECT_EQ(bag->GetShade().Item(0), Shade_dark);
-    ASSERT_TRUE(bag->GetOther() && bag->GetLocal());
-    EXPECT_EQ(bag->GetOther()->GetNamespace(), L"urn:qx:o");
-    EXPECT_EQ(bag->GetLocal()->GetText(), L"plain");
-    EXPECT_EQ(bag->GetListed().GetCount(), 2);
-    EXPECT_EQ(bag->GetRest().GetCount(), 2);
-    EXPECT_EQ(bag->GetAttributes().GetCount(), 1);
+    EXPECT_EQ(bag->GetI1()->GetCount(), 2);
+    EXPECT_EQ(bag->GetStr()->Item(1), L" x y ");
+    EXPECT_EQ(bag->GetShade()->Item(0), Shade_dark);
+    ASSERT_TRUE(bag->GetAny() && bag->GetAny2());
+    EXPECT_EQ(bag->GetAny()->GetNamespace(), L"urn:qx:o");
+    EXPECT_EQ(bag->GetAny2()->GetText(), L"plain");
+    EXPECT_EQ(bag->GetAny3()->GetCount(), 2);
+    EXPECT_EQ(bag->GetAny4()->GetCount(), 2);
+    EXPECT_EQ(bag->GetAnyAttribute()->GetCount(), 1);
 
     const std::wstring written = bag->ToXml();
     const XmllintResult lint = ValidateWithXmllint(written, kSchema);
@@ -63,8 +63,8 @@ TEST(ContentProof, AdditionalRootAttributesAreWrittenAndReadBackByTheWildcard) {
     EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid) << Narrow(written);
 
     bag->FromXml(written.c_str());
-    ASSERT_EQ(bag->GetAttributes().GetCount(), 1);
-    EXPECT_EQ(bag->GetAttributes().Item(0)->GetNamespace(), L"urn:qx:b");
+    ASSERT_EQ(bag->GetAnyAttribute()->GetCount(), 1);
+    EXPECT_EQ(bag->GetAnyAttribute()->Item(0)->GetNamespace(), L"urn:qx:b");
     EXPECT_EQ(bag->ToXml(), written);
 }
 
@@ -134,29 +134,29 @@ TEST(ContentProof, OtherAdmitsUnqualifiedContentThatXmllintRefuses) {
     EXPECT_FALSE(ValidateWithXmllint(document, kSchema).valid);
     CSmartPtr<CBag> bag(new CBag);
     bag->FromXml(document.c_str());
-    EXPECT_EQ(bag->GetOther()->GetNamespace(), L"");
-    ASSERT_EQ(bag->GetAttributes().GetCount(), 1);
-    EXPECT_EQ(bag->GetAttributes().Item(0)->GetName(), L"z");
+    EXPECT_EQ(bag->GetAny()->GetNamespace(), L"");
+    ASSERT_EQ(bag->GetAnyAttribute()->GetCount(), 1);
+    EXPECT_EQ(bag->GetAnyAttribute()->Item(0)->GetName(), L"z");
 }
 
 TEST(ContentProof, IgnoringCollectionCountsLoadsAndWritesListsOutOfBounds) {
     const CSerializationContext relaxed = Relaxed(&CSerializationContext::SetIgnoreInvalidCollectionCounts);
     CSmartPtr<CBag> bag(new CBag);
     bag->FromXml(Bag(L"", L"<i4>1</i4><i4>2</i4><i4>3</i4><i4>4</i4>", kWildcards).c_str(), relaxed);
-    EXPECT_EQ(bag->GetI4().GetCount(), 4);
+    EXPECT_EQ(bag->GetI4()->GetCount(), 4);
     EXPECT_NE(bag->ToXml(true, true, eolLF, relaxed).find(L"i4>4</"), std::wstring::npos);
     EXPECT_EQ(FailureOf([&] { bag->ToXml(); }).message,
               L"The Maximum number of [i4] elements allowed in this collection is 3");
 
     bag->FromXml(Bag(L"", L"", kWildcards).c_str(), relaxed);
-    EXPECT_EQ(bag->GetI4().GetCount(), 0);
+    EXPECT_EQ(bag->GetI4()->GetCount(), 0);
 }
 
 TEST(ContentProof, IgnoringUnknownElementsSkipsToTheNextNamedMemberButNotIntoAWildcard) {
     const CSerializationContext relaxed = Relaxed(&CSerializationContext::SetIgnoreUnknownElements);
     CSmartPtr<CBag> bag(new CBag);
     bag->FromXml(Bag(L"", kItems, L"<o:x/><c:x xmlns:c=\"urn:qx:c\"/><own><t/></own>").c_str(), relaxed);
-    EXPECT_EQ(bag->GetListed().GetCount(), 0);
+    EXPECT_EQ(bag->GetAny3()->GetCount(), 0);
     EXPECT_EQ(bag->GetOwn()->GetAny()->GetName(), L"t");
 
     const UntypedFailure failure =
@@ -168,12 +168,12 @@ TEST(ContentProof, CollectionsRefuseBadValuesThroughTheApi) {
     CSmartPtr<CBag> bag(new CBag);
     const CDateTime stamp =
         CConversions::datetimeFromString(L"2024-01-02T03:04:05", CWhitespaceUtils::wsCollapse);
-    EXPECT_EQ(FailureOf([&] { bag->GetDate().Add(stamp); }).message,
+    EXPECT_EQ(FailureOf([&] { bag->GetDate()->Add(stamp); }).message,
               L"Dates added to this collection must be of type dt_date");
-    EXPECT_EQ(FailureOf([&] { bag->GetI4().Add(101); }).message, L"Invalid Value for i4 [101]");
-    EXPECT_EQ(FailureOf([&] { bag->GetShade().Add(static_cast<Shade>(7)); }).message,
+    EXPECT_EQ(FailureOf([&] { bag->GetI4()->Add(101); }).message, L"Invalid Value for i4 [101]");
+    EXPECT_EQ(FailureOf([&] { bag->GetShade()->Add(static_cast<Shade>(7)); }).message,
               L"Invalid Value for shade [7]");
-    EXPECT_EQ(bag->GetDate().GetCount() + bag->GetI4().GetCount() + bag->GetShade().GetCount(), 0);
+    EXPECT_EQ(bag->GetDate()->GetCount() + bag->GetI4()->GetCount() + bag->GetShade()->GetCount(), 0);
 }
 
 } // namespace

@@ -92,7 +92,7 @@ TEST(WritingSwitches, TypeAttributeAndDefaults) {
     // readings. The required i4 stays.
     trip = Trips::Minimal();
     trip->SetReadings(new CReadings());
-    trip->GetReadings()->Attribute(itI4).SetI4(5);
+    trip->GetReadings()->SetI4(5);
     const std::wstring all = trip->ToXml(false, false, eolLF, context);
     context.SetNoOptionalAttributeDefaultOutput(true);
     const std::wstring reduced = trip->ToXml(false, false, eolLF, context);

@@ -1,4 +1,4 @@
-#include "binding/support/GroupsSchema.h"
+#include "binding/support/Crate.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/Xmllint.h"
 
@@ -58,17 +58,17 @@ TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
 
     CSmartPtr<CGroups> groups(new CGroups());
     groups->FromXml(document.c_str());
-    const CPickCol& picks = *groups->GetPicks();
+    const CPickCol& picks = *groups->GetPick();
     ASSERT_EQ(5, picks.GetCount());
-    EXPECT_EQ(1, picks.GetPick(0)->GetItem()->GetId());
-    const auto* circle = dynamic_cast<const CCircle*>(picks.GetPick(1)->GetShape());
+    EXPECT_EQ(1, picks.Item(0)->GetItem()->GetId());
+    const auto* circle = dynamic_cast<const CCircle*>(picks.Item(1)->GetShape());
     ASSERT_NE(nullptr, circle);
     EXPECT_EQ(CDecimal(L"2"), circle->GetRadius());
     EXPECT_EQ(Colour_red, circle->GetColour());
-    EXPECT_EQ(5, picks.GetPick(2)->GetCount());
-    EXPECT_EQ(Colour_blue, picks.GetPick(3)->GetColour());
-    ASSERT_NE(nullptr, picks.GetPick(4)->GetAny());
-    EXPECT_EQ(nullptr, picks.GetPick(4)->GetItem());
+    EXPECT_EQ(5, picks.Item(2)->GetCount());
+    EXPECT_EQ(Colour_blue, picks.Item(3)->GetColour());
+    ASSERT_NE(nullptr, picks.Item(4)->GetAny());
+    EXPECT_EQ(nullptr, picks.Item(4)->GetItem());
 
     const CBag& bag = *groups->GetBag();
     EXPECT_EQ(3, bag.GetItem()->GetId());
@@ -77,14 +77,14 @@ TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
     EXPECT_EQ(Colour_green, bag.GetColour());
     EXPECT_EQ(2, bag.GetSpare()->GetId());
     EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(bag.GetFigure()));
-    EXPECT_EQ(L"n", bag.GetNote());
+    EXPECT_EQ(L"n", *bag.GetNote());
     EXPECT_EQ(Colour_green, bag.GetTint());
     EXPECT_NE(nullptr, bag.GetMore());
     EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(groups->GetMain()));
     EXPECT_EQ(nullptr, groups->GetAlt());
-    ASSERT_EQ(2, groups->GetFigures()->GetCount());
-    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(groups->GetFigures()->Item(0)));
-    const auto* square = dynamic_cast<const CSquare*>(groups->GetFigures()->Item(1));
+    ASSERT_EQ(2, groups->GetFigure()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(groups->GetFigure()->Item(0)));
+    const auto* square = dynamic_cast<const CSquare*>(groups->GetFigure()->Item(1));
     ASSERT_NE(nullptr, square);
     EXPECT_EQ(Colour_blue, square->GetColour());
 
@@ -100,44 +100,44 @@ TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
 TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
     CSmartPtr<CGroups> groups(new CGroups());
     groups->FromXml(Groups().c_str());
-    const auto& palettes = *groups->GetPalettes();
+    const auto& palettes = *groups->GetPalette();
     ASSERT_EQ(6, palettes.GetCount());
-    const CItemCol& items = *palettes.Item(0)->GetItems();
+    const CItemCol& items = *palettes.Item(0)->GetItem();
     ASSERT_EQ(2, items.GetCount());
     EXPECT_EQ(5, items.Item(1)->GetId());
-    EXPECT_EQ(0, palettes.Item(0)->GetColours()->GetCount());
-    const CColourCol& colours = *palettes.Item(1)->GetColours();
+    EXPECT_EQ(0, palettes.Item(0)->GetColour()->GetCount());
+    const ColourCol& colours = *palettes.Item(1)->GetColour();
     ASSERT_EQ(2, colours.GetCount());
     EXPECT_EQ(Colour_green, colours.Item(1));
-    EXPECT_EQ(0, palettes.Item(1)->GetEntries()->GetCount());
-    const CEntryCol& entries = *palettes.Item(2)->GetEntries();
+    EXPECT_EQ(0, palettes.Item(1)->GetChoice()->GetCount());
+    const auto& entries = *palettes.Item(2)->GetChoice();
     ASSERT_EQ(3, entries.GetCount());
-    EXPECT_EQ(1, entries.GetEntry(0)->GetCount());
-    EXPECT_EQ(L"two", entries.GetEntry(1)->GetNote());
-    EXPECT_FALSE(entries.GetEntry(1)->GetCount());
-    EXPECT_EQ(3, entries.GetEntry(2)->GetCount());
-    const CShapeCol& shapes = *palettes.Item(3)->GetShapes();
+    EXPECT_EQ(1, entries.Item(0)->GetCount());
+    EXPECT_EQ(L"two", *entries.Item(1)->GetNote());
+    EXPECT_FALSE(entries.Item(1)->GetCount());
+    EXPECT_EQ(3, entries.Item(2)->GetCount());
+    const CShapeCol& shapes = *palettes.Item(3)->GetShape();
     ASSERT_EQ(2, shapes.GetCount());
     EXPECT_NE(nullptr, dynamic_cast<CCircle*>(shapes.Item(1)));
-    const CdecimalCol& sizes = *palettes.Item(4)->GetSizes();
+    const CdecimalCol& sizes = *palettes.Item(4)->GetSize();
     ASSERT_EQ(2, sizes.GetCount());
     EXPECT_EQ(L"1.25", sizes.Item(0).ToString());
-    const CElementCol& others = *palettes.Item(5)->GetOthers();
+    const CElementCol& others = *palettes.Item(5)->GetAny();
     ASSERT_EQ(2, others.GetCount());
     EXPECT_EQ(L"x", others.Item(1)->GetText());
-    EXPECT_EQ(0, palettes.Item(5)->GetItems()->GetCount() + palettes.Item(5)->GetSizes()->GetCount());
+    EXPECT_EQ(0, palettes.Item(5)->GetItem()->GetCount() + palettes.Item(5)->GetSize()->GetCount());
     // The sequence's own repeated choice, after the label.
-    ASSERT_EQ(2, groups->GetEntries()->GetCount());
-    EXPECT_EQ(8, groups->GetEntries()->GetEntry(1)->GetCount());
+    ASSERT_EQ(2, groups->GetChoice()->GetCount());
+    EXPECT_EQ(8, groups->GetChoice()->Item(1)->GetCount());
 
     // Built in code, each palette is written in its alternative's own form.
     CSmartPtr<CGroups> built(new CGroups());
-    built->GetPicks()->Add()->SetCount(0);
-    CPalette* palette = built->GetPalettes()->Add();
-    palette->GetColours()->Add(Colour_blue);
-    palette->GetColours()->Add(Colour_red);
-    palette->GetColours()->Add(Colour_blue);
-    built->GetPalettes()->Add()->GetEntries()->Add()->SetNote(L"only");
+    built->GetPick()->Add()->SetCount(0);
+    CPalette* palette = built->GetPalette()->Add();
+    palette->GetColour()->Add(Colour_blue);
+    palette->GetColour()->Add(Colour_red);
+    palette->GetColour()->Add(Colour_blue);
+    built->GetPalette()->Add()->GetChoice()->Add()->SetNote(std::wstring(L"only"));
     const std::wstring written = Plain(*built);
     EXPECT_NE(
         std::wstring::npos,
@@ -148,7 +148,7 @@ TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
     EXPECT_TRUE(result.valid) << result.output;
 
     // Too many colours are refused on writing as well.
-    palette->GetColours()->Add(Colour_green);
+    palette->GetColour()->Add(Colour_green);
     try {
         built->ToXml();
         ADD_FAILURE() << "four colours were written";
@@ -158,7 +158,8 @@ TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
     }
 }
 
-// The group's attribute is written on, and read from, the element of the class that holds the group.
+// The attribute group's attribute stands on the element of the class that references it, beside the
+// referenced model group's elements.
 TEST(GroupsProof, InlineGroupAttributesStandOnTheParent) {
     CSmartPtr<CGroups> groups(new CGroups());
     groups->FromXml(Groups().c_str());
@@ -166,16 +167,16 @@ TEST(GroupsProof, InlineGroupAttributesStandOnTheParent) {
     ASSERT_NE(nullptr, label);
     EXPECT_EQ(L"t", label->GetText());
     EXPECT_EQ(L"me", label->GetStamp()->GetBy());
-    EXPECT_TRUE(label->GetStamp()->GetSigned());
+    EXPECT_TRUE(label->GetSigned());
 
-    groups->GetLabel()->GetStamp()->SetSigned(false);
+    groups->GetLabel()->SetSigned(false);
     const std::wstring written = Plain(*groups);
     EXPECT_NE(std::wstring::npos, written.find(L"<label signed=\"false\"><text>t</text><by>me</by></label>"))
         << written;
     EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid);
     CSmartPtr<CGroups> again(new CGroups());
     again->FromXml(written.c_str());
-    EXPECT_FALSE(again->GetLabel()->GetStamp()->GetSigned());
+    EXPECT_FALSE(again->GetLabel()->GetSigned());
     EXPECT_EQ(L"me", again->GetLabel()->GetStamp()->GetBy());
 }
 
@@ -193,10 +194,15 @@ TEST(GroupsProof, OptionalAllMembersMayBeAbsent) {
 
 // A derived type is chosen by xsi:type; the abstract type itself has no class to hold it.
 TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
+    const auto square = [](const wchar_t* side) {
+        CSquare* shape = new CSquare();
+        shape->SetSide(CDecimal(side));
+        return shape;
+    };
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->SetAlt(new CSquare(L"x", L"2.5"));
-    groups->GetPicks()->Add()->SetShape(new CCircle());
-    groups->GetFigures()->Add(new CSquare(L"y", L"3"));
+    groups->SetAlt(square(L"2.5"));
+    groups->GetPick()->Add()->SetShape(new CCircle());
+    groups->GetFigure()->Add(square(L"3"));
     const std::wstring written = groups->ToXml();
     EXPECT_TRUE(ValidateWithXmllint(written, kSchema).valid);
     CSmartPtr<CGroups> again(new CGroups());
@@ -204,9 +210,9 @@ TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
     const auto* alt = dynamic_cast<const CSquare*>(again->GetAlt());
     ASSERT_NE(nullptr, alt) << written;
     EXPECT_EQ(CDecimal(L"2.5"), alt->GetSide());
-    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(again->GetPicks()->GetPick(0)->GetShape()));
-    ASSERT_EQ(1, again->GetFigures()->GetCount());
-    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(again->GetFigures()->Item(0)));
+    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(again->GetPick()->Item(0)->GetShape()));
+    ASSERT_EQ(1, again->GetFigure()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(again->GetFigure()->Item(0)));
 
     const std::wstring untyped = Replace(Groups(), kGroupsMain, L"<main radius=\"1\"/>");
     EXPECT_FALSE(ValidateWithXmllint(untyped, kSchema).valid);
@@ -312,8 +318,8 @@ TEST(GroupsProof, ContextOptionsRelaxTheGroupChecks) {
     CSmartPtr<CGroups> groups(new CGroups());
     EXPECT_EQ(L"(no exception)", LoadFailure(kTwoAlternatives, unknownElements).message);
     groups->FromXml(kTwoAlternatives.c_str(), unknownElements);
-    EXPECT_EQ(5, groups->GetPicks()->GetPick(2)->GetCount());
-    EXPECT_FALSE(groups->GetPicks()->GetPick(2)->GetColour()) << "the second alternative was taken";
+    EXPECT_EQ(5, groups->GetPick()->Item(2)->GetCount());
+    EXPECT_FALSE(groups->GetPick()->Item(2)->GetColour()) << "the second alternative was taken";
     // Unknown elements do not excuse a missing choice, nor a missing all-group member.
     EXPECT_NE(L"(no exception)", LoadFailure(kEmptyPick, unknownElements).message);
     EXPECT_EQ(L"Failed to find the mandatory element [count].",
@@ -329,7 +335,7 @@ TEST(GroupsProof, ContextOptionsRelaxTheGroupChecks) {
 // The choice check on writing: an empty pick is refused unless the context lets it through.
 TEST(GroupsProof, EmptyChoiceIsRefusedOnWriting) {
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->GetPicks()->Add();
+    groups->GetPick()->Add();
     EXPECT_THROW(groups->ToXml(), CQxException);
     CSerializationContext context;
     context.SetIgnoreMissingChoice(true);
@@ -348,15 +354,15 @@ const std::wstring kCrate = L"<count>1</count><item id=\"1\"/><o:x/><shape xsi:t
 TEST(GroupsProof, RepeatedAllMembersGatherFromAnyPosition) {
     CSmartPtr<CCrate> crate(new CCrate());
     crate->FromXml(Crate(kCrate).c_str());
-    ASSERT_EQ(2, crate->GetItems()->GetCount());
-    EXPECT_EQ(2, crate->GetItems()->Item(1)->GetId());
-    ASSERT_EQ(2, crate->GetShapes()->GetCount());
-    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(crate->GetShapes()->Item(0)));
-    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(crate->GetShapes()->Item(1)));
+    ASSERT_EQ(2, crate->GetItem()->GetCount());
+    EXPECT_EQ(2, crate->GetItem()->Item(1)->GetId());
+    ASSERT_EQ(2, crate->GetShape()->GetCount());
+    EXPECT_NE(nullptr, dynamic_cast<const CCircle*>(crate->GetShape()->Item(0)));
+    EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(crate->GetShape()->Item(1)));
     ASSERT_EQ(2, crate->GetCounts()->GetCount());
     EXPECT_EQ(3, crate->GetCounts()->Item(1));
-    ASSERT_EQ(1, crate->GetPicks()->GetCount());
-    EXPECT_EQ(2, crate->GetPicks()->GetPick(0)->GetCount());
+    ASSERT_EQ(1, crate->GetPick()->GetCount());
+    EXPECT_EQ(2, crate->GetPick()->Item(0)->GetCount());
     ASSERT_EQ(2, crate->GetExtras()->GetCount());
     EXPECT_EQ(L"t", crate->GetExtras()->Item(1)->GetText());
 
@@ -380,7 +386,7 @@ TEST(GroupsProof, RepeatedAllMembersAreCountedOnWriting) {
         crate->FromXml(Crate(content).c_str());
         try {
             crate->ToXml();
-            ADD_FAILURE() << "written: " << crate->GetItems()->GetCount() << " items";
+            ADD_FAILURE() << "written: " << crate->GetItem()->GetCount() << " items";
         } catch (const CQxException& e) {
             EXPECT_EQ(message, Innermost(e).message);
         }

@@ -93,7 +93,7 @@ TEST(RoundTripValues, EveryPrimitiveAttributeKeepsItsText) {
     for (int type = itHexBinary; type <= itInteger; ++type) {
         SCOPED_TRACE(type);
         EXPECT_EQ(Trips::ReadingText(ItemType(type)),
-                  copy->GetReadings()->Attribute(ItemType(type)).ToString());
+                  Trips::Reading(*copy->GetReadings(), ItemType(type)).ToString());
     }
 }
 

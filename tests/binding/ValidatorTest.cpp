@@ -155,8 +155,19 @@ TEST(Validator, FacetViolationsAreRefusedBySettersAndOnWriting) {
         EXPECT_EQ(before, trip->ToXml()) << "the refused value was stored";
     }
 
+    // Readings whose dec takes any value, as a member stored without its setter would.
+    struct CUncheckedReadings : CReadings {
+        int AccessProperty(int propertyNumber, bool read, QxVariant& value) override {
+            if (propertyNumber != itDecimal) return CReadings::AccessProperty(propertyNumber, read, value);
+            read ? void(value = m_dec) : void(m_dec = value);
+            return 0;
+        }
+        QxVariant m_dec;
+    };
     CSmartPtr<CTrip> trip = Trips::Full();
-    trip->GetReadings()->Attribute(itDecimal).FromString(L"1.234", itDecimal, CWhitespaceUtils::wsCollapse);
+    CSmartPtr<CUncheckedReadings> readings(new CUncheckedReadings());
+    readings->m_dec.FromString(L"1.234", itDecimal, CWhitespaceUtils::wsCollapse);
+    trip->SetReadings(readings.Get());
     std::wstring message = L"(no exception)";
     try {
         trip->ToXml();

@@ -480,12 +480,16 @@ std::wstring CEmitter::Reset(const ClassPlan& plan) const {
                         NamespaceOf(member->xmlNamespace) + L", " + Literal(member->rule) + L", " +
                         NamespaceOf(member->ruleTarget) + L");\n";
             break;
-        default:
-            if (member->cardinality == MemberPlan::Optional ||
-                (member->kind == MemberPlan::Class && member->type->abstract))
+        default: {
+            // A mandatory member of an abstract type starts as its first concrete derived type.
+            const ClassPlan* made = member->type;
+            for (size_t i = 0; made && made->abstract; ++i)
+                made = i < member->type->derived.size() ? member->type->derived[i] : nullptr;
+            if (member->cardinality == MemberPlan::Optional || !made)
                 text += field + L" = nullptr;\n";
             else
-                text += field + L" = new " + member->type->name + L"(" + Literal(member->xmlName) + L");\n";
+                text += field + L" = new " + made->name + L"(" + Literal(member->xmlName) + L");\n";
+        }
         }
     }
     if (plan.nillable && !NillableAncestor(&plan)) text += L"    m_nil = false;\n";

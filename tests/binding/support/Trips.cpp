@@ -78,6 +78,18 @@ const wchar_t* ReadingText(ItemType type) {
     }
 }
 
+QxVariant Reading(CReadings& readings, ItemType type) {
+    QxVariant value;
+    readings.AccessProperty(type, true, value);
+    return value;
+}
+
+void SetReading(CReadings& readings, ItemType type, const std::wstring& text) {
+    QxVariant value;
+    value.FromString(text, type == itChar ? itString : type, CWhitespaceUtils::wsCollapse);
+    readings.AccessProperty(type, false, value);
+}
+
 CSmartPtr<CTrip> Full() {
     CSmartPtr<CTrip> trip = Minimal();
     trip->SetPaceAttribute(Pace_fast);
@@ -98,8 +110,7 @@ CSmartPtr<CTrip> Full() {
     trip->GetContact()->SetPhone(std::wstring(L"+44 1234"));
     CSmartPtr<CReadings> readings(new CReadings());
     for (int type = itHexBinary; type <= itInteger; ++type)
-        readings->Attribute(ItemType(type))
-            .FromString(ReadingText(ItemType(type)), ItemType(type), CWhitespaceUtils::wsCollapse);
+        SetReading(*readings, ItemType(type), ReadingText(ItemType(type)));
     trip->SetReadings(readings.Get());
     return trip;
 }

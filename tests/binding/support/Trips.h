@@ -14,5 +14,9 @@ QxXmlLib16::CSmartPtr<TestSchema::CTrip> NilContact();
 
 // The text of every attribute of Readings in Full(), by ItemType.
 const wchar_t* ReadingText(QxXmlLib16::ItemType type);
+// The attribute of Readings that holds a value of that kind: the schema declares them in ItemType
+// order, one per kind, so a kind is its property number (the one-character ch is a string).
+QxXmlLib16::QxVariant Reading(TestSchema::CReadings& readings, QxXmlLib16::ItemType type);
+void SetReading(TestSchema::CReadings& readings, QxXmlLib16::ItemType type, const std::wstring& text);
 
 } // namespace Trips
