@@ -104,6 +104,16 @@ void CheckFixed(const wchar_t* name, const QxVariant& value, const wchar_t* fixe
     ThrowInvalid(name, text);
 }
 
+bool IsNilElement(const CXmlElement* first, const wchar_t* name, const wchar_t* namespaceURI) {
+    for (const CXmlElement* element = first; element; element = element->GetNextSiblingElement()) {
+        if (element->GetLocalName() != name || element->GetNamespaceURI() != namespaceURI) continue;
+        const std::wstring& nil = element->GetAttribute(L"nil", L"http://www.w3.org/2001/XMLSchema-instance");
+        return nil == L"1" || (nil.size() == 4 && (nil[0] | 0x20) == L't' && (nil[1] | 0x20) == L'r' &&
+                               (nil[2] | 0x20) == L'u' && (nil[3] | 0x20) == L'e');
+    }
+    return false;
+}
+
 // ---- Repeated model groups ----------------------------------------------------------------------
 
 CXmlGroupCollection::CXmlGroupCollection(const wchar_t* groupName, const wchar_t* namespaceURI, int minOccurs,
@@ -192,7 +202,8 @@ struct Buffer {
 
 } // namespace
 
-CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const wchar_t* fileName, const CSerializationContext& context) const {
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const wchar_t* fileName,
+                                               const CSerializationContext& context) const {
     const wchar_t* name = fileName ? fileName : L"";
     std::FILE* file = std::fopen(UnicodeToMultiByte(name).c_str(), "rb");
     if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
@@ -212,7 +223,8 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const wchar_t* fileName, const CS
     return Load(buffer.data, buffer.length, context);
 }
 
-CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const CBinaryData& data, const CSerializationContext& context) const {
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const CBinaryData& data,
+                                               const CSerializationContext& context) const {
     return Load(const_cast<unsigned char*>(data.GetData()), data.GetLength(), context);
 }
 

@@ -148,6 +148,18 @@ TEST(GeneratedApi, ARootOfNoGlobalElementIsNamed) {
     }
 }
 
+TEST(GeneratedApi, NilElementsReadBackAsNil) {
+    const auto loaded = Load(&Nillable::DocumentRoots, "nillable/nils.xml");
+    const auto* entry = As<Nillable::CEntry>(loaded);
+    EXPECT_TRUE(entry->IsCountNil());
+    EXPECT_TRUE(entry->IsNoteNil());
+    EXPECT_TRUE(entry->GetOwner()->IsNil());
+    const std::wstring text = loaded->ToXml();
+    EXPECT_EQ(std::wstring::npos, text.find(L"<AA:count>")) << Cases::Utf8(text);
+    const auto values = Load(&Nillable::DocumentRoots, "nillable/not-nil.xml");
+    EXPECT_FALSE(As<Nillable::CEntry>(values)->IsCountNil());
+}
+
 TEST(GeneratedApi, NilMembersAreWrittenAsNil) {
     Nillable::CEntry entry;
     entry.SetCountNil();

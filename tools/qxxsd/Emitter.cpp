@@ -674,16 +674,21 @@ std::wstring CEmitter::ClassDefinition(const ClassPlan& plan) const {
             member->kind != MemberPlan::AnyAttribute)
             text += L"\n" + Setter(plan, *member);
     text += L"\n" + MetaData(plan) + L"\n" + AccessProperty(plan) + L"\n";
+    // Reading leaves the member of a nil element as it was: its flag comes from the document.
+    std::wstring nils;
+    for (const MemberPlan* member : plan.members)
+        if (member->nillable)
+            nils += L"    " + NilFlag(*member) + L" = IsNilElement(firstChild, " + Literal(member->xmlName) +
+                    L", " + NamespaceOf(member->xmlNamespace) + L");\n";
     if (plan.base)
-        text += L"void " + plan.name +
-                L"::OnBeforeFromXml(CXmlElement* element, CXmlElement* firstChild,\n"
+        text += L"void " + plan.name + L"::OnBeforeFromXml(CXmlElement* element, CXmlElement* firstChild,\n" +
                 L"                                const CSerializationContext& context, bool flag) {\n    " +
-                plan.base->name +
-                L"::OnBeforeFromXml(element, firstChild, context, flag);\n    Reset();\n}\n";
+                plan.base->name + L"::OnBeforeFromXml(element, firstChild, context, flag);\n    Reset();\n" +
+                nils + L"}\n";
     else
-        text += L"void " + plan.name +
-                L"::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {\n"
-                L"    Reset();\n}\n";
+        text += L"void " + plan.name + L"::OnBeforeFromXml(CXmlElement*, CXmlElement*" +
+                (nils.empty() ? L"" : L" firstChild") +
+                L", const CSerializationContext&, bool) {\n    Reset();\n" + nils + L"}\n";
     return text;
 }
 
@@ -767,6 +772,7 @@ std::wstring CEmitter::Source(size_t file) const {
     text += L"using namespace QxXmlLib16Data;\n\n";
     for (const std::wstring& part : NamespaceParts(m_options.cppNamespace))
         text += L"namespace " + part + L" {\n";
+
     if (file == 0) text += ValueDefinitions() + Factories();
     for (const ClassPlan* plan : m_model.classes)
         if (static_cast<size_t>(plan->file) == file) text += ClassDefinition(*plan);

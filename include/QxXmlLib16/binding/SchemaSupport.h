@@ -80,6 +80,11 @@ private:
     }
 };
 
+// Whether the element of that name and namespace among first and its following siblings carries
+// xsi:nil="true" (or "1"). Reading leaves the member of a nil element as it was, so generated code
+// takes its nil flag from the document before the members are read.
+QX_API bool IsNilElement(const CXmlElement* first, const wchar_t* name, const wchar_t* namespaceURI);
+
 // ---- Repeated model groups ----------------------------------------------------------------------
 
 // The occurrences of a model group that repeats: each item is an object of the group's class, whose
@@ -168,7 +173,8 @@ public:
     // element of this schema".
     CSmartPtr<CXmlObjectBase> Load(const wchar_t* fileName, const CSerializationContext& context) const;
     CSmartPtr<CXmlObjectBase> Load(const CBinaryData& document, const CSerializationContext& context) const;
-    CSmartPtr<CXmlObjectBase> Load(unsigned char* data, unsigned long length, const CSerializationContext& context) const;
+    CSmartPtr<CXmlObjectBase> Load(unsigned char* data, unsigned long length,
+                                   const CSerializationContext& context) const;
     // The root of a document already loaded; the document must outlive the call.
     CSmartPtr<CXmlObjectBase> Read(CXmlElement* root, const CSerializationContext& context) const;
 
