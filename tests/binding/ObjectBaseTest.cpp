@@ -1,8 +1,8 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/foundation/SmartPtr.h>
-#include <QxXmlLib16/collections/XmlCollectionBase.h>
 #include <QxXmlLib16/binding/XmlObjectBase.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/SmartPtr.h>
+#include <QxXmlLib16/values/QxVariant.h>
 
 #include "foundation/support/MessageOf.h"
 

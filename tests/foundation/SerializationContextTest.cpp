@@ -1,5 +1,5 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include <gtest/gtest.h>
 
@@ -58,29 +58,6 @@ TEST(SerializationContext, IndentAcceptsOnlyTabsAndBlanks) {
     EXPECT_EQ(context.GetIndentChars(), L"  \t");
     context.SetIndentChars(nullptr);
     EXPECT_EQ(context.GetIndentChars(), L"");
-}
-
-TEST(SerializationContext, SchemaTypeTwoIgnoresNamespaces) {
-    CSerializationContext context;
-    context.SetSchemaType(stNoNamespaces);
-    EXPECT_TRUE(context.GetIgnoreNamespaces());
-    context.SetSchemaType(stDefault);
-    EXPECT_FALSE(context.GetIgnoreNamespaces());
-}
-
-TEST(SerializationContext, CopyTakesEveryOption) {
-    CSerializationContext context;
-    context.SetIgnoreUnknownAttributes(true);
-    context.SetWriteTypeAttribute(false);
-    context.SetInLineSchema(L"<xs:schema/>");
-    context.GetNamespaceAliases().Add(L"a", L"urn:a");
-    context.GetProcessingInstructions().push_back(L"pi");
-    const CSerializationContext copy(context);
-    EXPECT_TRUE(copy.GetIgnoreUnknownAttributes());
-    EXPECT_FALSE(copy.GetWriteTypeAttribute());
-    EXPECT_EQ(copy.GetInLineSchema(), L"<xs:schema/>");
-    EXPECT_EQ(copy.GetNamespaceAliases().GetAliasFromNamespace(L"urn:a"), L"a");
-    ASSERT_EQ(copy.GetProcessingInstructions().size(), 1u);
 }
 
 TEST(NamespaceAliasMap, EntriesAreKeptInUriOrder) {
