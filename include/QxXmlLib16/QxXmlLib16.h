@@ -24,6 +24,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/ExpatReader.h>
 #include <QxXmlLib16/xml/XmlWriter.h>
+#include <QxXmlLib16/xml/TextWriterBase.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 // Value types and conversions
@@ -61,6 +62,7 @@
 #include <QxXmlLib16/collections/AttributeCol.h>
 #include <QxXmlLib16/collections/Element.h>
 #include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/binding/SchemaSupport.h>
 
 // Descriptors of generated classes
 #include <QxXmlLib16/data/ElementInfo.h>
@@ -73,3 +75,10 @@
 
 // What generated classes share
 #include <QxXmlLib16/binding/GeneratedCode.h>
+
+// JSON writer, reader and handlers
+#include <QxXmlLib16/json/JsonContext.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
+#include <QxXmlLib16/json/JsonReaderHandler.h>
+#include <QxXmlLib16/json/JsonReaderToXmlHandler.h>
+#include <QxXmlLib16/json/JsonTextReader.h>

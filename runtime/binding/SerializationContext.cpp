@@ -3,6 +3,7 @@
 #include <QxXmlLib16/collections/AttributeCol.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/json/JsonContext.h>
 
 namespace QxXmlLib16 {
 
@@ -50,6 +51,7 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
             BothIgnoresRefused(L"IgnoreUnknownElements", L"IgnoreMissingMandatoryElements"));
     m_ignoreMissingMandatoryElements = value;
 }
+
 CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
     if (!m_additionalRootAttributes) m_additionalRootAttributes = new CAttributeCol(L"", L"##any", L"");
     return m_additionalRootAttributes;
@@ -61,6 +63,11 @@ void CSerializationContext::SetIndentChars(const wchar_t* indent) {
         throw CQxInvalidParamException(
             L"IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
     m_indentChars = value;
+}
+
+CJsonContext* CSerializationContext::GetJsonContext() const {
+    if (!m_jsonContext) m_jsonContext = std::make_shared<CJsonContext>();
+    return m_jsonContext.get();
 }
 
 } // namespace QxXmlLib16

@@ -15,6 +15,8 @@
 #include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 
+#include "foundation/Patterns.h"
+
 #include <string_view>
 #include <type_traits>
 #include <vector>
@@ -180,12 +182,6 @@ void CheckOrdered(const wchar_t* name, const T& value, const R& restrictions, Pa
 void CheckBinary(const wchar_t* name, const CBinaryData& value, const R& restrictions,
                  std::wstring (*print)(const CBinaryData&)) {
     if (!LengthHolds(value.GetLength(), restrictions)) Fail(name, print(value));
-}
-
-std::string Utf8Of(const std::wstring& text) {
-    std::string utf8(UnicodeToUTF8(text.data(), text.size(), nullptr, 0), '\0');
-    UnicodeToUTF8(text.data(), text.size(), reinterpret_cast<unsigned char*>(&utf8[0]), utf8.size());
-    return utf8;
 }
 
 bool IsBlank(wchar_t c) {
@@ -370,7 +366,7 @@ void CXmlObjectHelper::CheckRestrictionForstring(const wchar_t* name, const std:
     if (!R::IsPresent(restrictions.m_pattern)) return;
     bool matches;
     try {
-        matches = TestRegEx(Utf8Of(restrictions.m_pattern), value);
+        matches = internal::MatchesPattern(restrictions.m_pattern, value.data(), value.size());
     } catch (const CQxException& patternError) {
         throw CQxInvalidValueException(FormatString(L"%ls\nInvalid Value for %ls [%ls].",
                                                     patternError.GetFullMessage().c_str(), NameText(name),

@@ -382,6 +382,26 @@ TEST(AttributeWildcard, TakesWhatItsRuleAdmitsIntoItsCollection) {
               L"Serialization Data Error : The collection should be a CAttributeCol, it was not!");
 }
 
+// An attribute at its default is left out only when optional, and only when the context asks.
+TEST(AttributeDefaults, OnlyOptionalOnesAreLeftOutAndOnlyWhenAsked) {
+    CSerializationContext leaveOut;
+    leaveOut.SetNoOptionalAttributeDefaultOutput(true);
+    CSlots object;
+    object.slot[0].SetI4(5);
+    const auto written = [&](bool optional, const CSerializationContext& context) {
+        const CAttributeInfoPrimitive attribute(L"a", L"", 0, optional, itI4, nullptr,
+                                                CWhitespaceUtils::wsCollapse, CPrimitiveRestrictions(), L"5");
+        return Write([&](CXmlWriter& writer) {
+            writer.WriteStartElement(L"e", L"");
+            attribute.AttributeToXml(context, &object, &writer);
+            writer.WriteEndElement();
+        });
+    };
+    EXPECT_EQ(written(true, leaveOut), L"<e/>");
+    EXPECT_EQ(written(true, CSerializationContext()), L"<e a=\"5\"/>");
+    EXPECT_EQ(written(false, leaveOut), L"<e a=\"5\"/>");
+}
+
 // The class tree generated code and casts rely on: repeated members of a kind are their group's
 // plain collection member, and an enumeration collection in an all-group cannot be made.
 static_assert(std::is_base_of<CElementInfoSeqCol, CElementInfoSeqUntpdCol>::value);

@@ -3,6 +3,7 @@
 // bytes again once reloaded.
 
 #include "binding/support/GroupsSchema.h"
+#include "binding/support/ProofDocuments.h"
 #include "binding/support/Schemas.h"
 #include "binding/support/Trips.h"
 #include "support/Documents.h"
@@ -49,26 +50,7 @@ std::wstring Replace(std::wstring text, const std::wstring& from, const std::wst
     return text.replace(text.find(from), from.size(), to);
 }
 
-// Every repeated member filled and every wildcard used; values in canonical form.
-const wchar_t kFullBag[] =
-    LR"(<bag xmlns="urn:qx:test:content" xmlns:a="urn:qx:a" xmlns:b="urn:qx:b" xmlns:o="urn:qx:o" a:tag="t1">)"
-    L"<hex>0FA1</hex><hex>FF</hex><b64>AQID</b64><i1>-128</i1><i1>127</i1><i2>-32768</i2>"
-    L"<i4>0</i4><i4>100</i4><i8>-9223372036854775808</i8><ui1>255</ui1><ui2>65535</ui2>"
-    L"<ui4>4294967295</ui4><ui8>18446744073709551615</ui8><r4>1.5</r4><r8>-22500000000</r8>"
-    L"<dur>P1Y2M3DT4H5M6S</dur><ym>2024-02</ym><md>--12-25</md><yr>1999</yr><mo>--07</mo><dy>---31</dy>"
-    L"<date>2024-02-29</date><date>1970-01-01</date><dt>2024-01-02T03:04:05</dt><tm>23:59:59</tm>"
-    L"<str>abc</str><str> x y </str><bool>true</bool><bool>false</bool><dec>123.45</dec>"
-    L"<int>-1234567890123456789012</int><shade>dark</shade><shade>light</shade>"
-    L"<o:any o:k=\"v\"><o:deep>text</o:deep></o:any><local xmlns=\"\">plain</local>"
-    L"<a:one>1</a:one><b:two/><own><note>n</note></own><free/><o:free2>x</o:free2>"
-    L"</bag>";
-
 // The all groups are written in member order, whatever order they were read in.
-const wchar_t kBagReversed[] =
-    L"<bag><more>m</more><tint>green</tint><note>n</note>"
-    L"<figure xsi:type=\"Square\" side=\"3\"/><spare id=\"2\"/><extra>e</extra>"
-    L"<colour>green</colour><count>7</count><shape xsi:type=\"Square\" side=\"4\"/>"
-    L"<item id=\"3\"/></bag>";
 const wchar_t kBagInOrder[] = L"<bag><item id=\"3\"/><shape xsi:type=\"Square\" side=\"4\"/><count>7</count>"
                               L"<colour>green</colour><extra>e</extra><spare id=\"2\"/>"
                               L"<figure xsi:type=\"Square\" side=\"3\"/><note>n</note><tint>green</tint>"
@@ -114,12 +96,12 @@ std::vector<Case> Cases() {
         // An empty element takes its default value, and a value equal to it is written without text.
         {"TripDefaults", Schema::Trip, nullptr, Edited(Schema::Trip, L"</title>", L"</title><days/>")},
         {"GroupsDocument", Schema::Groups, nullptr, ValidDocument(Schema::Groups), "",
-         Replace(ValidDocument(Schema::Groups), kBagReversed, kBagInOrder)},
+         ProofDocuments::Groups(ProofDocuments::kGroupsPicks, kBagInOrder)},
         {"GroupsBuilt", Schema::Groups, GroupsBuilt, L"", "", L"",
          L"<AA:palette><AA:colour>blue</AA:colour><AA:colour>red</AA:colour><AA:colour>blue</AA:colour>"
          L"</AA:palette><AA:palette><AA:note>only</AA:note></AA:palette>"},
         {"Crate", Schema::Crate, nullptr, ValidDocument(Schema::Crate), "", kCrateInOrder},
-        {"ContentFull", Schema::Content, nullptr, kFullBag},
+        {"ContentFull", Schema::Content, nullptr, ProofDocuments::kContentFull},
         {"ContentRootAttributes", Schema::Content, nullptr, ValidDocument(Schema::Content), "",
          Edited(Schema::Content, L"xmlns:o=\"urn:qx:o\"",
                 L"xmlns:o=\"urn:qx:o\" xmlns:b=\"urn:qx:b\" b:origin=\"x\""),

@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <atomic>
 #include <cctype>
+#include <cmath>
 #include <cstdio>
+#include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -40,12 +42,20 @@ bool SameParsed(const std::wstring& a, const std::wstring& b, Parse parse) {
     }
 }
 
+// A real number spelled wholly as wcstod reads it, else NaN.
+double Real(const std::wstring& text) {
+    wchar_t* end = nullptr;
+    const double value = std::wcstod(text.c_str(), &end);
+    return !text.empty() && *end == L'\0' ? value : std::nan("");
+}
+
 bool SameValue(const std::wstring& expected, const std::wstring& actual, bool canonical) {
     if (expected == actual) return true;
     if (!canonical) return false;
     const std::wstring a = Trimmed(expected), b = Trimmed(actual);
     return a == b || SameParsed(a, b, [](const std::wstring& t) { return CDecimal(t.c_str()); }) ||
-           SameParsed(a, b, [](const std::wstring& t) { return CDateTime::ParseXSDDateTime(t.c_str()); });
+           SameParsed(a, b, [](const std::wstring& t) { return CDateTime::ParseXSDDateTime(t.c_str()); }) ||
+           Real(a) == Real(b);
 }
 
 // Attributes as ({namespace}name, value), in document order. With canonical values their order does
@@ -126,22 +136,23 @@ std::wstring TreeDifference(const CXmlElement& expected, const CXmlElement& actu
     while (!pending.empty()) {
         const auto [e, a] = pending.back();
         pending.pop_back();
-        const std::wstring at = e->GetXPath() + L": ";
+        // The path costs a walk to the root: built only for a difference.
+        const auto at = [e = e] { return e->GetXPath() + L": "; };
         if (e->GetLocalName() != a->GetLocalName() || e->GetNamespaceURI() != a->GetNamespaceURI())
-            return at + L"name {" + a->GetNamespaceURI() + L"}" + a->GetLocalName();
+            return at() + L"name {" + a->GetNamespaceURI() + L"}" + a->GetLocalName();
         if (!SameValue(e->GetText(), a->GetText(), canonicalValues))
-            return at + L"text [" + a->GetText() + L"]";
+            return at() + L"text [" + a->GetText() + L"]";
         const auto left = Attributes(*e, canonicalValues), right = Attributes(*a, canonicalValues);
         if (!std::equal(left.begin(), left.end(), right.begin(), right.end(),
                         [&](const auto& x, const auto& y) {
                             return x.first == y.first && SameValue(x.second, y.second, canonicalValues);
                         }))
-            return at + L"attributes";
+            return at() + L"attributes";
         const CXmlElement* x = e->GetFirstElement();
         const CXmlElement* y = a->GetFirstElement();
         for (; x && y; x = x->GetNextSiblingElement(), y = y->GetNextSiblingElement())
             pending.emplace_back(x, y);
-        if (x || y) return at + L"child count";
+        if (x || y) return at() + L"child count";
     }
     return L"";
 }

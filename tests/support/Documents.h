@@ -24,9 +24,9 @@ std::string XmllintFileErrors(const std::string& path, const std::string& schema
 
 // The first difference of two trees, by the XPath where it stands; empty when they agree in names,
 // namespaces, attributes (in order) and text. With canonical values, for a document written back by
-// the bindings, a value also agrees when it holds the same decimal or dateTime, blanks around text and
-// the order of attributes do not count, and of the schema-instance attributes only an xsi:type counts,
-// by its local part.
+// the bindings, a value also agrees when it holds the same decimal, real or dateTime, blanks around
+// text and the order of attributes do not count, and of the schema-instance attributes only an
+// xsi:type counts, by its local part.
 std::wstring TreeDifference(const QxXmlLib16::CXmlElement& expected, const QxXmlLib16::CXmlElement& actual,
                             bool canonicalValues = false);
 

@@ -179,6 +179,10 @@ protected:
     // Returns the element at which reading stopped.
     virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                      const CSerializationContext& context, bool flag) = 0;
+    // Reads the XML text (UTF-8) a JSON document was translated into. Below round-trip level 2 the
+    // context's IgnoreNamespaces is set for the length of the call: the context is changed while
+    // the call runs, so it must not be in use elsewhere at the time.
+    void FromJson_Int(const CBinaryData& xml, const CSerializationContext& context);
 
 private:
     friend class QxXmlLib16Data::CElementInfo;

@@ -2,6 +2,7 @@
 
 #include "binding/support/ContentSchema.h"
 #include "binding/support/GroupsSchema.h"
+#include "binding/support/ProofDocuments.h"
 #include "binding/support/TestSchema.h"
 #include "support/Documents.h"
 
@@ -10,28 +11,6 @@
 using namespace QxXmlLib16;
 
 namespace {
-
-const wchar_t kGroupsNamespaces[] =
-    L"xmlns=\"urn:qx:test:groups\" xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" "
-    L"xmlns:o=\"urn:other\"";
-
-// Every content kind of the groups schema: the choice in each form, the all group in reverse
-// schema order, abstract members, a repeated alternative per palette, and an inline group whose
-// attribute stands on the label.
-const wchar_t kGroupsContent[] =
-    L"<pick><item id=\"1\"/></pick><pick><shape xsi:type=\"Circle\" colour=\"red\" radius=\"2\"/></pick>"
-    L"<pick><count>5</count></pick><pick><colour>blue</colour></pick><pick><o:thing>x</o:thing></pick>"
-    L"<bag><more>m</more><tint>green</tint><note>n</note><figure xsi:type=\"Square\" side=\"3\"/>"
-    L"<spare id=\"2\"/><extra>e</extra><colour>green</colour><count>7</count>"
-    L"<shape xsi:type=\"Square\" side=\"4\"/><item id=\"3\"/></bag>"
-    L"<main xsi:type=\"Circle\" radius=\"1.5\"/>"
-    L"<figure xsi:type=\"Circle\" radius=\"1\"/><figure xsi:type=\"Square\" colour=\"blue\" side=\"2\"/>"
-    L"<palette><item id=\"4\"/><item "
-    L"id=\"5\"/></palette><palette><colour>red</colour><colour>green</colour></palette>"
-    L"<palette><count>1</count><note>two</note><count>3</count></palette>"
-    L"<palette><shape xsi:type=\"Square\" side=\"5\"/><shape xsi:type=\"Circle\" radius=\"6\"/></palette>"
-    L"<palette><size>1.25</size><size>2</size></palette><palette><o:a/><o:b>x</o:b></palette>"
-    L"<label signed=\"true\"><text>t</text><by>me</by></label><note>after</note><count>8</count>";
 
 const wchar_t kCrateContent[] =
     L"<count>1</count><item id=\"1\"/><o:x/><shape xsi:type=\"Circle\" radius=\"1\"/>"
@@ -86,9 +65,10 @@ std::wstring ValidDocument(Schema schema) {
                L"lon=\"-4\"><label>Bay</label></start><contact><email>ann@example.org</email>"
                L"</contact></trip>";
     case Schema::Groups:
-        return std::wstring(L"<groups ") + kGroupsNamespaces + L">" + kGroupsContent + L"</groups>";
+        return ProofDocuments::Groups();
     case Schema::Crate:
-        return std::wstring(L"<crate ") + kGroupsNamespaces + L">" + kCrateContent + L"</crate>";
+        return std::wstring(L"<crate ") + ProofDocuments::kGroupsNamespaces + L">" + kCrateContent +
+               L"</crate>";
     case Schema::Content:
         return L"<bag xmlns=\"urn:qx:test:content\" "
                L"xmlns:o=\"urn:qx:o\"><i4>1</i4><o:x/><own><t/></own></bag>";
