@@ -10,8 +10,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
-#include <QxXmlLib16/collections/i4Col.h>
-#include <QxXmlLib16/collections/stringCol.h>
+#include <QxXmlLib16/collections/PrimitiveCol.h>
 
 #include <algorithm>
 #include <chrono>

@@ -18,6 +18,8 @@
 
 #include "foundation/EncodingTextStream.h"
 
+#include <vector>
+
 namespace QxXmlLib16 {
 
 namespace {
@@ -36,6 +38,27 @@ const wchar_t* const kAlreadySet =
 
 void FireEvent(IEventSink* sink, CXmlCollectionBase* collection, IEventSink::MsgType type, void* data) {
     if (sink) sink->OnEvent(collection->GetBase(), type, data);
+}
+
+// Objects whose last reference went while this thread was already deleting one: a chain of objects
+// holding each other, however long, is then deleted one after the other instead of one inside the
+// other, in constant stack. The list lives in the outermost call.
+thread_local std::vector<CXmlObjectBase*>* t_pendingDeletes = nullptr;
+
+void Delete(CXmlObjectBase* object) {
+    if (t_pendingDeletes) {
+        t_pendingDeletes->push_back(object);
+        return;
+    }
+    std::vector<CXmlObjectBase*> pending;
+    t_pendingDeletes = &pending;
+    delete object;
+    while (!pending.empty()) {
+        CXmlObjectBase* next = pending.back();
+        pending.pop_back();
+        delete next;
+    }
+    t_pendingDeletes = nullptr;
 }
 
 } // namespace
@@ -73,7 +96,7 @@ long long CXmlObjectBase::Release() {
         count = --m_refCount;
     }
     // The lock is left before deleting: it is a member of the object being destroyed.
-    if (count == 0) delete this;
+    if (count == 0) Delete(this);
     return count;
 }
 

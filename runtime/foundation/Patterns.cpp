@@ -96,9 +96,9 @@ SharedPattern Compile(const std::string& pattern) {
                                        PCRE2_UTF | PCRE2_ANCHORED, &error, &errorOffset, nullptr));
     compiled->bytes = sizeof(CompiledPattern) + pattern.size();
     if (!compiled->code) {
-        compiled->error = FormatString(L"Invalid Regular Expression: %ls Error: '%ls'",
-                                       WideFromUtf8(pattern.data(), pattern.size()).c_str(),
-                                       ErrorText(error).c_str());
+        compiled->error =
+            FormatString(L"Invalid Regular Expression: %ls Error: '%ls'",
+                         WideFromUtf8(pattern.data(), pattern.size()).c_str(), ErrorText(error).c_str());
         return compiled;
     }
     // Without JIT support (or memory for it) the interpreter matches alone.

@@ -26,7 +26,8 @@ std::vector<const CXmlElement*> DocumentOrder(const CXmlElement* root) {
         pending.pop_back();
         order.push_back(element);
         std::vector<const CXmlElement*> children;
-        for (const CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
+        for (const CXmlElement* child = element->GetFirstElement(); child;
+             child = child->GetNextSiblingElement())
             children.push_back(child);
         pending.insert(pending.end(), children.rbegin(), children.rend());
     }
@@ -44,7 +45,8 @@ struct Scan {
     void Start(const XML_Char* name) {
         const std::wstring qualified = Widen(name);
         const size_t separator = qualified.find(L'|');
-        const std::wstring local = separator == std::wstring::npos ? qualified : qualified.substr(separator + 1);
+        const std::wstring local =
+            separator == std::wstring::npos ? qualified : qualified.substr(separator + 1);
         if (next >= elements.size() || elements[next]->GetLocalName() != local) {
             mismatch = true;
             XML_StopParser(parser, XML_FALSE);
@@ -61,7 +63,8 @@ struct Scan {
 } // namespace
 
 std::unique_ptr<CSourceIndex> CSourceIndex::Build(const CXmlElement* root, const unsigned char* data,
-                                                  unsigned long length, bool utf16Input, bool namespaceAware) {
+                                                  unsigned long length, bool utf16Input,
+                                                  bool namespaceAware) {
     if (!root || !data || length == 0) return nullptr;
     static const XML_Char kUtf16[] = {'U', 'T', 'F', '-', '1', '6', 0};
     const XML_Char* encoding = utf16Input ? kUtf16 : nullptr;
@@ -75,9 +78,10 @@ std::unique_ptr<CSourceIndex> CSourceIndex::Build(const CXmlElement* root, const
     XML_SetStartElementHandler(scan.parser, [](void* user, const XML_Char* name, const XML_Char**) {
         static_cast<Scan*>(user)->Start(name);
     });
-    XML_SetStartNamespaceDeclHandler(scan.parser, [](void* user, const XML_Char* prefix, const XML_Char* uri) {
-        static_cast<Scan*>(user)->declarations.emplace_back(Widen(prefix), Widen(uri));
-    });
+    XML_SetStartNamespaceDeclHandler(
+        scan.parser, [](void* user, const XML_Char* prefix, const XML_Char* uri) {
+            static_cast<Scan*>(user)->declarations.emplace_back(Widen(prefix), Widen(uri));
+        });
     // In pieces, as the reader parses, so that expat's copy of the input stays small.
     const unsigned long kChunk = 256 * 1024;
     XML_Status status = XML_STATUS_OK;

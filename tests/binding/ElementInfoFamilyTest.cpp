@@ -1,6 +1,6 @@
 #include <QxXmlLib16/QxXmlLib16.h>
 #include <QxXmlLib16/collections/XmlCollection.h>
-#include <QxXmlLib16/collections/i4Col.h>
+#include <QxXmlLib16/collections/PrimitiveCol.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/TextStream.h>
 #include <QxXmlLib16/values/QxVariant.h>

@@ -25,6 +25,10 @@ status=$?
 [ $status -ne 0 ] || fail "an invalid document was accepted"
 grep -q 'unexpected element \[ele\] remains un processed' stderr.txt && grep -q 'Path: /gpx/trk/trkseg/trkpt\[1\]' stderr.txt || fail "no XPath on stderr: $(cat stderr.txt)"
 "$qxgpx" missing.gpx >/dev/null 2>&1 && fail "a missing file was accepted"
+python3 -c 'n = 1000000
+print("<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"deep\"><extensions>"
+      "<a xmlns=\"urn:x\">" + "<a>" * (n - 1) + "</a>" * n + "</extensions></gpx>")' >deep.gpx
+"$qxgpx" deep.gpx >/dev/null 2>stderr.txt || fail "foreign content a million levels deep: $(cat stderr.txt)"
 "$qxgpx" --bogus >/dev/null 2>&1; [ $? -eq 2 ] || fail "an unknown option was accepted"
 
 rm -f sample.out.gpx sample.out.gpx.gz
