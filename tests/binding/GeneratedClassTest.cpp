@@ -4,6 +4,7 @@
 #include "binding/support/ContentSchema.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/Trips.h"
+#include "foundation/support/MessageOf.h"
 #include "support/Failure.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>

@@ -38,17 +38,6 @@ private:
 
 } // namespace
 
-TEST(ReferenceCounting, LastReleaseDestroysExactlyOnce) {
-    int destroyed = 0;
-    auto* object = new CCounted(&destroyed);
-    EXPECT_EQ(1, object->AddRef());
-    EXPECT_EQ(2, object->AddRef());
-    EXPECT_EQ(1, object->Release());
-    EXPECT_EQ(0, destroyed);
-    EXPECT_EQ(0, object->Release());
-    EXPECT_EQ(1, destroyed);
-}
-
 TEST(ReferenceCounting, ConcurrentAddRefAndReleaseBalance) {
     int destroyed = 0;
     CSmartPtr<CCounted> object(new CCounted(&destroyed));

@@ -7,25 +7,6 @@
 
 using namespace QxXmlLib16;
 
-TEST(SerializationContext, FreshContextDefaults) {
-    const CSerializationContext context;
-    EXPECT_FALSE(context.GetIgnoreUnknownAttributes());
-    EXPECT_FALSE(context.GetIgnoreUnknownElements());
-    EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
-    EXPECT_FALSE(context.GetIgnoreMissingChoice());
-    EXPECT_FALSE(context.GetIgnoreInvalidCollectionCounts());
-    EXPECT_FALSE(context.GetIgnoreNamespaces());
-    EXPECT_FALSE(context.GetNoOptionalAttributeDefaultOutput());
-    EXPECT_FALSE(context.GetWriteDefaultElementValues());
-    EXPECT_TRUE(context.GetWriteTypeAttribute());
-    EXPECT_TRUE(context.GetStripCDATA());
-    EXPECT_EQ(context.GetIndentChars(), L"\t");
-    EXPECT_EQ(context.GetSchemaType(), stDefault);
-    EXPECT_EQ(context.GetDefaultNamespaceURI(), L"");
-    EXPECT_EQ(context.GetNamespaceAliases().GetNamespaceCount(), 0);
-    EXPECT_EQ(CSerializationContext::m_defaultContext.GetIndentChars(), L"\t");
-}
-
 TEST(SerializationContext, TheTwoIgnoreSwitchesExcludeEachOther) {
     const std::wstring common =
         L"The parser can only ignore additional elements, or ignore the fact that some required "

@@ -36,15 +36,3 @@ Failure FailureOf(Action action) {
     }
     return {L"(no exception)", L""};
 }
-
-// The message of the exception of class Exception that action throws, or "(no exception)"; an
-// exception of another class escapes and fails the test.
-template <typename Exception, typename Action>
-std::wstring MessageOf(Action action) {
-    try {
-        action();
-    } catch (const Exception& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
-}

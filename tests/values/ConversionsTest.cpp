@@ -3,6 +3,7 @@
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
+#include "foundation/support/MessageOf.h"
 #include "support/Failure.h"
 
 #include <gtest/gtest.h>

@@ -85,18 +85,6 @@ TEST(DateTimeText, WritesTheCanonicalFormOfLooserInput) {
     EXPECT_EQ(L"--07", gMonth.ToString());
 }
 
-TEST(DateTimeText, FractionMatchesTheSharedFractionFormatter) {
-    const int parts[] = {0, 1, 10, 100, 120, 999};
-    for (int milli : parts)
-        for (int micro : parts)
-            for (int nano : parts) {
-                const CDateTime value(2000, 1, 1, 0, 0, 0, milli, micro, nano);
-                const std::wstring expected = L"2000-01-01T00:00:00" + ToFracString(milli, micro, nano);
-                EXPECT_EQ(expected, value.ToString());
-                EXPECT_EQ(value.ToString(), Parse(expected.c_str()).ToString());
-            }
-}
-
 TEST(DateTimeText, EveryPrefixIsReadWithinItsOwnBuffer) {
     const std::wstring texts[] = {L"-2000-01-12T12:13:14.123456789+14:00", L"--05-05:00", L"---05Z",
                                   L"23:59:59.5-00:30"};
@@ -265,17 +253,6 @@ TEST(DateTimeCalendar, LeapYearsAndDayNumbers) {
     EXPECT_EQ(L"2000-01-01T00:00:00Z", CDateTime(946684800L).ToString());
     EXPECT_EQ(L"1969-12-31T23:59:59Z", CDateTime(-1L).ToString());
     EXPECT_DOUBLE_EQ(7.25, Parse(L"00:00:07.25").GetRealSecond());
-}
-
-TEST(DateTimeCalendar, FloorQuotientAndModulo) {
-    EXPECT_EQ(-1, GetQuotient(-1, 60));
-    EXPECT_EQ(59, GetModulo(-1, 60));
-    EXPECT_EQ(0, GetQuotient(59, 60));
-    EXPECT_EQ(1, GetModulo(13, 1, 13));
-    EXPECT_EQ(1, GetQuotient(13, 1, 13));
-    EXPECT_EQ(12, GetModulo(0, 1, 13));
-    EXPECT_EQ(-1, GetQuotient(0, 1, 13));
-    EXPECT_THROW(GetModulo(5, 0), CQxInvalidParamException);
 }
 
 TEST(DateTimeArithmetic, AddsDurationsAsXmlSchemaDoes) {

@@ -3,7 +3,7 @@
 #include <QxXmlLib16/values/Decimal.h>
 #include <QxXmlLib16/values/QxVariant.h>
 
-#include "support/Failure.h"
+#include "foundation/support/MessageOf.h"
 
 #include <gtest/gtest.h>
 
