@@ -194,6 +194,7 @@ TEST(RoundTripForms, EveryLayoutEncodingAndCompression) {
                 const std::wstring text = trip->ToXml(header, formatted, eol);
                 expectSame([&](TestSchema::CTrip& copy) { copy.FromXml(text.c_str()); });
             }
+    EXPECT_NE(trip->ToXml(false, true, eolLF).find(L"\n\t<AA:title>"), std::wstring::npos); // one tab a level
     CSerializationContext spaces;
     spaces.SetIndentChars(L"  ");
     const std::wstring indented = trip->ToXml(false, true, eolLF, spaces);

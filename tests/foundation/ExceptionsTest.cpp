@@ -45,6 +45,17 @@ TEST(Exceptions, CloneKeepsTheDynamicClassAndDeepCopiesTheChain) {
     EXPECT_NE(copy->GetInnerException(), original.GetInnerException());
     EXPECT_NE(dynamic_cast<const CQxOverFlowException*>(copy->GetInnerException()), nullptr);
 
+    // Every class clones as itself, so that a cloned chain can still be told apart by type.
+    const CQxInvalidParamException param(L"p");
+    const CQxInvalidStateException state(L"s");
+    const CQxInvalidValueException value(L"v");
+    EXPECT_NE(dynamic_cast<CQxInvalidParamException*>(std::unique_ptr<CQxException>(param.Clone()).get()),
+              nullptr);
+    EXPECT_NE(dynamic_cast<CQxInvalidStateException*>(std::unique_ptr<CQxException>(state.Clone()).get()),
+              nullptr);
+    EXPECT_NE(dynamic_cast<CQxInvalidValueException*>(std::unique_ptr<CQxException>(value.Clone()).get()),
+              nullptr);
+
     // Copy construction leaves the detail empty; only Clone carries it.
     CQxValidationException copied(original);
     EXPECT_EQ(copied.GetDetail(), L"");
