@@ -1,15 +1,15 @@
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
+#include <QxXmlLib16/data/PrimitiveRestrictions.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/values/BigInteger.h>
 #include <QxXmlLib16/values/BinaryData.h>
-#include <QxXmlLib16/binding/Conversions.h>
 #include <QxXmlLib16/values/DateTime.h>
 #include <QxXmlLib16/values/DateTimeSpan.h>
 #include <QxXmlLib16/values/Decimal.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/data/PrimitiveRestrictions.h>
 #include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/binding/SerializationContext.h>
 #include <QxXmlLib16/xml/XmlElement.h>
-#include <QxXmlLib16/binding/XmlObjectHelper.h>
 
 #include "foundation/support/MessageOf.h"
 
