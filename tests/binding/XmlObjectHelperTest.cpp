@@ -188,6 +188,23 @@ TEST(LengthAndPatternFacets, CountCharactersOrBytes) {
     EXPECT_EQ(invalid.substr(invalid.find(L'\n')), L"\nInvalid Value for s [abc].");
 }
 
+// A record asks for the exact reading of its pattern; without asking it keeps the translated one.
+TEST(LengthAndPatternFacets, PatternModeComesFromTheRecord) {
+    const auto facets = [](const wchar_t* pattern, PatternMode mode) {
+        return R(pattern, -1, -1, {}, {}, {}, {}, -1, -1, -1, mode);
+    };
+    ExpectMessages({
+        {itString, L"bcd", facets(L"[a-z-[aeiou]]+", pmExact), kPasses},
+        {itString, L"bad", facets(L"[a-z-[aeiou]]+", pmExact), L"Invalid Value for v [bad]."},
+        {itString, L"bcd", facets(L"[a-z-[aeiou]]+", pmTranslated), L"Invalid Value for v [bcd]."},
+        {itString, L"^x", facets(L"^x", pmExact), kPasses},
+        {itString, L"a", facets(L"a+?", pmExact),
+         L"Invalid Regular Expression: a+? Error: 'reluctant and possessive quantifiers are not XML Schema "
+         L"syntax (position 2)'\nInvalid Value for v [a]."},
+    });
+    EXPECT_EQ(R().m_patternMode, pmTranslated);
+}
+
 TEST(BoundText, ConversionErrorsPropagateUnchanged) {
     const std::wstring dateError =
         MessageOf<CQxInvalidValueException>([] { C::dateFromString(L"2020-13-01", kNone); });
