@@ -253,7 +253,9 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
         OnBeforeFromXml(element, firstChild, context, flag);
         const CParentElementInfo* info = GetClassInfo();
         const int elementKind = info->GetElementType();
-        if (elementKind == etElement) SetElementName(element->GetLocalName().c_str());
+        // Collection items are made under their element's name already.
+        if (elementKind == etElement && GetElementName() != element->GetLocalName())
+            SetElementName(element->GetLocalName().c_str());
         ProcessAttributesFromXml(context, element, info->GetReportUnknownAttributes());
         if (IsNil(this)) return firstChild; // the content of a nil element is not read
 

@@ -85,17 +85,12 @@ CXmlObjectBase::~CXmlObjectBase() = default;
 void CXmlObjectBase::OnEvent(CXmlObjectBase*, MsgType, void*) {}
 
 long long CXmlObjectBase::AddRef() {
-    CQXLock lock(m_refLock);
-    return ++m_refCount;
+    return m_refCount.fetch_add(1, std::memory_order_relaxed) + 1;
 }
 
 long long CXmlObjectBase::Release() {
-    long long count;
-    {
-        CQXLock lock(m_refLock);
-        count = --m_refCount;
-    }
-    // The lock is left before deleting: it is a member of the object being destroyed.
+    // Release ordering, so that whatever the other owners wrote is visible to the deleting thread.
+    const long long count = m_refCount.fetch_sub(1, std::memory_order_acq_rel) - 1;
     if (count == 0) Delete(this);
     return count;
 }

@@ -2,6 +2,7 @@
 
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 
 namespace QxXmlLib16 {
@@ -20,7 +21,7 @@ CXmlElement* CXmlClassCollection::FromXml_Int(CXmlElement* parent, CXmlElement* 
                                               const CSerializationContext& context, bool) {
     const std::wstring& name = GetElementName();
     const std::wstring namespaceURI = GetNamespace();
-    while (current && DoesElementNameMatch(context, current, name.c_str(), namespaceURI.c_str())) {
+    while (current && CXmlObjectHelper::DoesElementNameMatch(context, current, name, namespaceURI)) {
         // Filled before it is added, so listeners never see a half-read item.
         const CSmartPtr<CXmlObjectBase> item = NewItem(current);
         if (!item)

@@ -1,6 +1,6 @@
 #include <QxXmlLib16/foundation/SharedText.h>
 
-#include <algorithm>
+#include <cstdint>
 #include <cwchar>
 
 namespace QxXmlLib16 {
@@ -14,22 +14,20 @@ const Text& Empty() {
     return empty;
 }
 
-// The texts shared most recently on this thread, newest first. A document repeats a handful of
-// namespaces, so a few entries find nearly all of them without a lock.
+// Texts shared recently on this thread, one per slot of a small table indexed by the text's hash.
+// A document repeats a few dozen names and namespaces, which then nearly always find their slot;
+// two texts that collide take turns. No lock, and a lookup costs one hash and one comparison.
 Text Share(const wchar_t* text, size_t length) {
     if (length == 0) return Empty();
-    constexpr size_t kEntries = 8;
-    thread_local Text recent[kEntries];
-    for (size_t i = 0; i < kEntries && recent[i]; ++i) {
-        const std::wstring& known = *recent[i];
-        if (known.size() == length && std::wmemcmp(known.data(), text, length) == 0) {
-            std::rotate(recent, recent + i, recent + i + 1);
-            return recent[0];
-        }
-    }
-    std::move_backward(recent, recent + kEntries - 1, recent + kEntries);
-    recent[0] = std::make_shared<const std::wstring>(text, length);
-    return recent[0];
+    constexpr size_t kSlots = 64;
+    thread_local Text recent[kSlots];
+    uint32_t hash = 2166136261u;
+    for (size_t i = 0; i < length; ++i)
+        hash = (hash ^ static_cast<uint32_t>(text[i])) * 16777619u;
+    Text& slot = recent[(hash ^ (hash >> 16)) % kSlots];
+    if (!slot || slot->size() != length || std::wmemcmp(slot->data(), text, length) != 0)
+        slot = std::make_shared<const std::wstring>(text, length);
+    return slot;
 }
 
 } // namespace

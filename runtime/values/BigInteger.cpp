@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <cwchar>
 #include <limits>
+#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -31,6 +32,64 @@ unsigned long long Magnitude(long long value) {
 }
 
 } // namespace
+
+// ---- Digit vector ------------------------------------------------------------------------------
+
+void CBigInteger::Digits::Grow(std::size_t count) {
+    const std::size_t capacity = std::max<std::size_t>(count, 2 * m_capacity);
+    Digit* grown = new Digit[capacity];
+    std::copy(begin(), end(), grown);
+    if (IsHeap()) delete[] m_heap;
+    m_heap = grown;
+    m_capacity = static_cast<unsigned int>(capacity);
+}
+
+void CBigInteger::Digits::resize(std::size_t count, Digit value) {
+    reserve(count);
+    if (count > m_size) std::fill(end(), begin() + count, value);
+    m_size = static_cast<unsigned int>(count);
+}
+
+void CBigInteger::Digits::assign(std::size_t count, Digit value) {
+    m_size = 0;
+    resize(count, value);
+}
+
+void CBigInteger::Digits::assign(const Digit* first, const Digit* last) {
+    const std::size_t count = static_cast<std::size_t>(last - first);
+    m_size = 0;
+    reserve(count);
+    std::copy(first, last, begin());
+    m_size = static_cast<unsigned int>(count);
+}
+
+CBigInteger::Digit* CBigInteger::Digits::insert(Digit* position, std::size_t count, Digit value) {
+    const std::size_t at = static_cast<std::size_t>(position - begin());
+    reserve(m_size + count);
+    Digit* where = begin() + at;
+    std::copy_backward(where, end(), end() + count);
+    std::fill(where, where + count, value);
+    m_size += static_cast<unsigned int>(count);
+    return where;
+}
+
+CBigInteger::Digit* CBigInteger::Digits::erase(Digit* first, Digit* last) {
+    Digit* kept = std::copy(last, end(), first);
+    m_size = static_cast<unsigned int>(kept - begin());
+    return first;
+}
+
+void CBigInteger::Digits::swap(Digits& other) noexcept {
+    std::swap(m_size, other.m_size);
+    std::swap(m_capacity, other.m_capacity);
+    // The union is plain bytes: the in-place digits and the heap pointer both move as they are.
+    Digit bytes[kInline];
+    std::copy(m_inline, m_inline + kInline, bytes);
+    std::copy(other.m_inline, other.m_inline + kInline, m_inline);
+    std::copy(bytes, bytes + kInline, other.m_inline);
+}
+
+// ---- Integer -----------------------------------------------------------------------------------
 
 CBigInteger::CBigInteger()
     : m_sign(1) {}
@@ -314,7 +373,7 @@ void CBigInteger::Add(Digits& a, const Digits& b) {
     for (; i < a.size() && (i < count || carry); ++i) {
         int sum = a[i] + (i < count ? b[i] : 0) + carry;
         carry = sum >= 10;
-        a[i] = static_cast<wchar_t>(carry ? sum - 10 : sum);
+        a[i] = static_cast<Digit>(carry ? sum - 10 : sum);
     }
     if (carry) a.push_back(1);
     Clean(a);
@@ -326,19 +385,19 @@ void CBigInteger::Subtract(Digits& a, const Digits& b) {
     for (std::size_t i = 0; i < a.size() && (i < count || borrow); ++i) {
         int difference = a[i] - (i < count ? b[i] : 0) - borrow;
         borrow = difference < 0;
-        a[i] = static_cast<wchar_t>(borrow ? difference + 10 : difference);
+        a[i] = static_cast<Digit>(borrow ? difference + 10 : difference);
     }
     Clean(a);
 }
 
-void CBigInteger::Multiply(Digits& a, wchar_t digit) {
+void CBigInteger::Multiply(Digits& a, Digit digit) {
     int carry = 0;
-    for (wchar_t& d : a) {
+    for (Digit& d : a) {
         const int product = d * digit + carry;
-        d = static_cast<wchar_t>(product % 10);
+        d = static_cast<Digit>(product % 10);
         carry = product / 10;
     }
-    if (carry) a.push_back(static_cast<wchar_t>(carry));
+    if (carry) a.push_back(static_cast<Digit>(carry));
     Clean(a);
 }
 
@@ -358,7 +417,7 @@ CBigInteger::Digits CBigInteger::Multiply(const Digits& a, const Digits& b) {
     std::uint64_t carry = 0;
     for (std::size_t k = 0; k < columns.size(); ++k) {
         const std::uint64_t value = columns[k] + carry;
-        product[k] = static_cast<wchar_t>(value % 10);
+        product[k] = static_cast<Digit>(value % 10);
         carry = value / 10;
     }
     Clean(product);
@@ -375,7 +434,7 @@ void CBigInteger::Divide(const Digits& a, const Digits& b, Digits& quotient, Dig
     for (int i = top; i >= 0; --i) {
         r.insert(r.begin(), a[i]);
         Clean(r);
-        wchar_t digit = 0;
+        Digit digit = 0;
         while (Compare(r, divisor) >= 0) {
             Subtract(r, divisor);
             ++digit;
@@ -394,7 +453,7 @@ void CBigInteger::Build(Digits& a, const wchar_t* text, std::size_t length) {
     a.resize(count);
     auto out = a.begin();
     for (std::size_t i = length; i-- > 0;) {
-        if (text[i] >= L'0' && text[i] <= L'9') *out++ = static_cast<wchar_t>(text[i] - L'0');
+        if (text[i] >= L'0' && text[i] <= L'9') *out++ = static_cast<Digit>(text[i] - L'0');
     }
     Clean(a);
 }
@@ -406,13 +465,13 @@ void CBigInteger::Build(Digits& a, unsigned int value) {
 void CBigInteger::BuildDWORDLONG(Digits& a, unsigned long long value) {
     a.clear();
     for (; value != 0; value /= 10)
-        a.push_back(static_cast<wchar_t>(value % 10));
+        a.push_back(static_cast<Digit>(value % 10));
 }
 
 void CBigInteger::BuildDouble(Digits& a, double value) {
     a.clear();
     for (double x = std::fabs(value); x >= 1; x /= 10)
-        a.push_back(static_cast<wchar_t>(std::fmod(x, 10)));
+        a.push_back(static_cast<Digit>(std::fmod(x, 10)));
     Clean(a);
 }
 

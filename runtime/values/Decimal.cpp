@@ -107,9 +107,9 @@ Lexical Scan(const wchar_t* text, std::size_t length) {
 // is more than half of 10^k. An exact half rounds toward zero.
 bool DroppedPartAboveHalf(const Digits& digits, std::size_t k) {
     if (k == 0 || k > digits.size()) return false;
-    const wchar_t lead = digits[k - 1];
+    const CBigInteger::Digit lead = digits[k - 1];
     if (lead != 5) return lead > 5;
-    return std::any_of(digits.begin(), digits.begin() + (k - 1), [](wchar_t d) { return d != 0; });
+    return std::any_of(digits.begin(), digits.begin() + (k - 1), [](CBigInteger::Digit d) { return d != 0; });
 }
 
 void AppendDigits(std::wstring& text, const Digits& digits, int top) {
@@ -343,7 +343,7 @@ CDecimal& CDecimal::operator/=(const CDecimal& other) {
 namespace {
 
 // The k-th digit after the point (k from 1) of a fraction kept to divider places.
-wchar_t FractionDigit(const CBigInteger::Digits& fraction, int divider, int k) {
+CBigInteger::Digit FractionDigit(const CBigInteger::Digits& fraction, int divider, int k) {
     const int i = divider - k;
     return i >= 0 && i < static_cast<int>(fraction.size()) ? fraction[static_cast<std::size_t>(i)] : 0;
 }
@@ -362,8 +362,8 @@ int CDecimal::CompareTo(const CDecimal& other) const {
     if (const int integers = CBigInteger::Compare(m_integer.m_digits, other.m_integer.m_digits))
         return sign * integers;
     for (int k = 1, end = std::max(m_divider, other.m_divider); k <= end; ++k) {
-        const wchar_t digit = FractionDigit(m_fraction.m_digits, m_divider, k);
-        const wchar_t otherDigit = FractionDigit(other.m_fraction.m_digits, other.m_divider, k);
+        const CBigInteger::Digit digit = FractionDigit(m_fraction.m_digits, m_divider, k);
+        const CBigInteger::Digit otherDigit = FractionDigit(other.m_fraction.m_digits, other.m_divider, k);
         if (digit != otherDigit) return digit < otherDigit ? -sign : sign;
     }
     return 0;
@@ -386,7 +386,7 @@ void CDecimal::Rationalise() {
     if (m_divider <= 1) return;
     Digits& fraction = m_fraction.m_digits;
     const auto firstNonZero =
-        std::find_if(fraction.begin(), fraction.end(), [](wchar_t d) { return d != 0; });
+        std::find_if(fraction.begin(), fraction.end(), [](CBigInteger::Digit d) { return d != 0; });
     const std::size_t limit = static_cast<std::size_t>(m_divider - 1);
     std::size_t drop = limit;
     if (firstNonZero == fraction.end()) {

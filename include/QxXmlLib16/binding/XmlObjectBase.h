@@ -2,10 +2,11 @@
 
 #include <QxXmlLib16/values/BinaryData.h>
 #include <QxXmlLib16/foundation/Export.h>
-#include <QxXmlLib16/foundation/QXCriticalSection.h>
+#include <QxXmlLib16/foundation/SharedText.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
 #include <QxXmlLib16/foundation/Types.h>
 
+#include <atomic>
 #include <string>
 
 namespace QxXmlLib16Data {
@@ -128,7 +129,7 @@ public:
 
     const CXmlObjectBase* GetBase() const { return const_cast<CXmlObjectBase*>(this)->GetBase(); }
     const std::wstring& GetElementName() const { return m_elementName; }
-    void SetElementName(const wchar_t* name) { m_elementName = name ? name : L""; }
+    void SetElementName(const wchar_t* name) { m_elementName = CSharedText(name); }
 
     // Checks used by generated setters.
     static void Throw_IfPropertyIsNull(CXmlObjectBase* value, const wchar_t* propertyName);
@@ -187,9 +188,10 @@ protected:
 private:
     friend class QxXmlLib16Data::CElementInfo;
 
-    long long m_refCount;
-    CQXCriticalSection m_refLock;
-    std::wstring m_elementName;
+    // An atomic count guards itself: a million objects need no million mutexes.
+    std::atomic<long long> m_refCount;
+    // Every item of a collection carries the same name, so the text is shared, not copied.
+    CSharedText m_elementName;
 };
 
 } // namespace QxXmlLib16

@@ -3,8 +3,8 @@
 #include <QxXmlLib16/foundation/Export.h>
 
 #include <cstddef>
+#include <initializer_list>
 #include <string>
-#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -15,9 +15,89 @@ class CDecimal;
 // the two zeros as equal, and arithmetic results that are zero are positive.
 class QX_API CBigInteger {
 public:
+    using Digit = unsigned char;
+
     // Digit values 0..9 (not characters), least significant first. Zero is an empty vector after
-    // Clean; the digit-vector operations also accept a single 0 and unstripped top zeros.
-    using Digits = std::vector<wchar_t>;
+    // Clean; the digit-vector operations also accept a single 0 and unstripped top zeros. A vector
+    // with the few operations the arithmetic needs, holding up to kInline digits in place: the
+    // values of documents (coordinates, amounts, counts) then cost no allocation at all.
+    class QX_API Digits {
+    public:
+        static constexpr std::size_t kInline = 16;
+
+        Digits() noexcept
+            : m_size(0)
+            , m_capacity(kInline) {}
+        explicit Digits(std::size_t count, Digit value = 0)
+            : Digits() {
+            assign(count, value);
+        }
+        Digits(std::initializer_list<Digit> digits)
+            : Digits() {
+            assign(digits.begin(), digits.end());
+        }
+        Digits(const Digits& other)
+            : Digits() {
+            assign(other.begin(), other.end());
+        }
+        Digits(Digits&& other) noexcept
+            : Digits() {
+            swap(other);
+        }
+        Digits& operator=(const Digits& other) {
+            if (this != &other) assign(other.begin(), other.end());
+            return *this;
+        }
+        Digits& operator=(Digits&& other) noexcept {
+            swap(other);
+            return *this;
+        }
+        ~Digits() {
+            if (IsHeap()) delete[] m_heap;
+        }
+
+        std::size_t size() const { return m_size; }
+        bool empty() const { return m_size == 0; }
+        Digit* begin() { return Data(); }
+        Digit* end() { return Data() + m_size; }
+        const Digit* begin() const { return Data(); }
+        const Digit* end() const { return Data() + m_size; }
+        Digit& operator[](std::size_t i) { return Data()[i]; }
+        const Digit& operator[](std::size_t i) const { return Data()[i]; }
+        Digit& back() { return Data()[m_size - 1]; }
+        const Digit& back() const { return Data()[m_size - 1]; }
+
+        void reserve(std::size_t count) {
+            if (count > m_capacity) Grow(count);
+        }
+        void clear() { m_size = 0; }
+        void push_back(Digit digit) {
+            if (m_size == m_capacity) Grow(2 * m_capacity);
+            Data()[m_size++] = digit;
+        }
+        void pop_back() { --m_size; }
+        void resize(std::size_t count, Digit value = 0);
+        void assign(std::size_t count, Digit value);
+        void assign(const Digit* first, const Digit* last);
+        Digit* insert(Digit* position, std::size_t count, Digit value);
+        Digit* insert(Digit* position, Digit value) { return insert(position, 1, value); }
+        Digit* erase(Digit* first, Digit* last);
+        void swap(Digits& other) noexcept;
+
+    private:
+        bool IsHeap() const { return m_capacity > kInline; }
+        Digit* Data() { return IsHeap() ? m_heap : m_inline; }
+        const Digit* Data() const { return IsHeap() ? m_heap : m_inline; }
+        // Room for at least count digits; the digits held are kept.
+        void Grow(std::size_t count);
+
+        unsigned int m_size;
+        unsigned int m_capacity; // kInline while the digits are held in place
+        union {
+            Digit m_inline[kInline];
+            Digit* m_heap;
+        };
+    };
 
     CBigInteger();
     CBigInteger(int value);
@@ -115,7 +195,7 @@ public:
     // a -= b; requires |a| >= |b|.
     static void Subtract(Digits& a, const Digits& b);
     // a *= digit (0..9).
-    static void Multiply(Digits& a, wchar_t digit);
+    static void Multiply(Digits& a, Digit digit);
     static Digits Multiply(const Digits& a, const Digits& b);
     // quotient = a / b, remainder = a % b; b must not be zero.
     static void Divide(const Digits& a, const Digits& b, Digits& quotient, Digits& remainder);
