@@ -82,6 +82,9 @@ public:
     // Lets writers skip the additional root attributes without creating the collection.
     bool HasAdditionalRootAttributes() const { return static_cast<bool>(m_additionalRootAttributes); }
 
+    // The Fast Infoset settings: created on first use, shared with copies of the context.
+    CFastInfosetContext* GetFIContext() const;
+
 private:
     // Created on first use by their getters and shared between copies of a context.
     mutable std::shared_ptr<CFastInfosetContext> m_fiContext;
