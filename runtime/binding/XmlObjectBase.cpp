@@ -9,6 +9,7 @@
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/foundation/TextStream.h>
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetWriter.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/binding/XmlObjectHelper.h>
@@ -126,15 +127,28 @@ void CXmlObjectBase::ToXmlFile(const wchar_t* fileName, bool includeDocHeader, b
     WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
 }
 
-void CXmlObjectBase::ToFastInfosetFile(const wchar_t*, FInfoDecl, const CSerializationContext&,
-                                       CompressionType compression) const {
+void CXmlObjectBase::ToFastInfosetFile(const wchar_t* fileName, FInfoDecl declaration,
+                                       const CSerializationContext& context, CompressionType compression) const {
     if (compression == ctZlib) throw CQxException(kZlibToFile);
-    ThrowNotAvailable(L"Fast Infoset output");
+    CFileBinaryStream(fileName, encUTF8, ToFastInfosetStream(declaration, context, compression)).ToFile();
 }
 
-CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CSerializationContext&,
-                                                CompressionType) const {
-    ThrowNotAvailable(L"Fast Infoset output");
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CSerializationContext& context,
+                                                CompressionType compression) const {
+    CBinaryStream stream;
+    {
+        CFastInfosetWriter writer(*context.GetFIContext(), stream);
+        writer.Open();
+        writer.SetWriteDefaultElementValues(context.GetWriteDefaultElementValues());
+        writer.WriteStartDocument(declaration);
+        std::wstring targetNamespace = GetTargetNamespace();
+        ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
+        writer.WriteEndDocument();
+        writer.Close();
+    }
+    CBinaryData data = stream.GetBinaryStream();
+    CQxZip::CompressData(data, compression);
+    return data;
 }
 
 void CXmlObjectBase::ToJsonFile(const wchar_t*, bool, XmlEncoding, EOLType, const CSerializationContext&,

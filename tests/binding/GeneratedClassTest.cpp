@@ -494,6 +494,4 @@ TEST(EntryPoints, TextStreamsFilesAndUnavailableEncodings) {
 
     EXPECT_EQ(L"JSON output is not available yet: this build of the library has no such encoding.",
               MessageOf<CQxInvalidStateException>([&] { item->ToJson(); }));
-    EXPECT_EQ(L"Fast Infoset output is not available yet: this build of the library has no such encoding.",
-              MessageOf<CQxInvalidStateException>([&] { item->ToFastInfosetStream(); }));
 }

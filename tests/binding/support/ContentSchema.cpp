@@ -79,8 +79,9 @@ int ShadeFromText(const wchar_t* text) {
 
 // --- ShadeCol ---------------------------------------------------------------------------------------
 
+// The items are written as their schema text, not as the 32-bit values they are held as.
 CShadeCol::CShadeCol(const wchar_t* elementName, const wchar_t* namespaceURI, int minOccurs, int maxOccurs)
-    : CTypedCollection(itI4, elementName, namespaceURI, minOccurs, maxOccurs, L"", -1, -1, L"", L"", L"", L"",
+    : CTypedCollection(itString, elementName, namespaceURI, minOccurs, maxOccurs, L"", -1, -1, L"", L"", L"", L"",
                        -1, -1, -1, W::wsCollapse, L"") {}
 
 void CShadeCol::AddFromString(std::wstring text) {

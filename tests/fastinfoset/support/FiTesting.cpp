@@ -95,8 +95,9 @@ std::string Utf8(const std::wstring& text) {
 
 std::vector<std::string> VectorPaths() {
     std::vector<std::string> paths;
+    std::error_code error; // a missing folder lists nothing, and the tests say so
     for (const char* folder : {"fi-vectors", "fi-vectors/crafted"})
-        for (const auto& entry : fs::directory_iterator(SharedData(folder)))
+        for (const auto& entry : fs::directory_iterator(SharedData(folder), error))
             if (entry.path().extension() == ".finf")
                 paths.push_back(entry.path().parent_path().string() + "/" + entry.path().stem().string());
     std::sort(paths.begin(), paths.end());
