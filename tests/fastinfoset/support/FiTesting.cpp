@@ -221,4 +221,23 @@ std::string XmlOf(const CXmlObjectBase& object, const CSerializationContext& con
     return std::string(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetLength());
 }
 
+std::string Reference(const std::string& direction,
+                      const std::vector<std::pair<std::string, std::string>>& files) {
+    const std::string list = TempPath("reference_" + direction + ".list");
+    const std::string log = TempPath("reference_" + direction + ".log");
+    {
+        std::ofstream out(list);
+        for (const auto& pair : files) {
+            std::remove(pair.second.c_str());
+            out << pair.first << '\t' << pair.second << '\n';
+        }
+    }
+    const std::string command = std::string("\"") + QX_JAVA + "\" -cp \"" + QX_FASTINFOSET_JAR + "\" \"" +
+                                QX_TEST_SOURCE_DIR + "/fastinfoset/support/ReferenceBatch.java\" " +
+                                direction + " \"" + list + "\" >\"" + log + "\" 2>&1";
+    if (std::system(command.c_str()) == 0) return std::string();
+    const Octets output = ReadFile(log);
+    return "the reference " + direction + "r failed: " + std::string(output.begin(), output.end());
+}
+
 } // namespace FiTesting

@@ -62,4 +62,9 @@ std::string
 XmlOf(const QxXmlLib16::CXmlObjectBase& object,
       const QxXmlLib16::CSerializationContext& context = QxXmlLib16::CSerializationContext::m_defaultContext);
 
+// Runs the reference converters (the Java FastInfoset library) over pairs of files, in one JVM:
+// "encode" turns XML into Fast Infoset, "decode" the reverse. Returns what failed, or "".
+std::string Reference(const std::string& direction,
+                      const std::vector<std::pair<std::string, std::string>>& files);
+
 } // namespace FiTesting
