@@ -10,8 +10,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
-#include <QxXmlLib16/collections/i4Col.h>
-#include <QxXmlLib16/collections/stringCol.h>
+#include <QxXmlLib16/collections/PrimitiveCol.h>
 
 #include <algorithm>
 #include <chrono>
@@ -45,7 +44,7 @@ void Measure(const char* kind, const std::wstring& xml, Convert convert, Write t
 
     const double read = MedianSeconds([&] {
         CSmartPtr<Col> col = MakeCol<Col>();
-        CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext, false);
+        CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext);
     });
     const double readReference = MedianSeconds([&] {
         std::vector<decltype(convert(std::wstring()))> values;
@@ -56,7 +55,7 @@ void Measure(const char* kind, const std::wstring& xml, Convert convert, Write t
     Report("  read siblings into the collection", read, readReference);
 
     CSmartPtr<Col> col = MakeCol<Col>();
-    CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext, false);
+    CXmlObjectBase::FromXml_Int(col.Get(), document.GetDocumentElement(), first, kContext);
     const double write = MedianSeconds([&] {
         CTextStream stream;
         CXmlTextWriter writer(stream);

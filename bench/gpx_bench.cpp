@@ -8,10 +8,8 @@
 
 #include "BareExpat.h"
 #include "BenchTiming.h"
+#include "FreshProcess.h"
 #include "gpx/GpxTool.h"
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -31,30 +29,10 @@ struct Sample {
 
 typedef std::function<Sample(const std::vector<unsigned char>&)> Measure;
 
-// Runs measure in a child process and brings its sample back through a pipe.
+// Runs measure in a fresh process; not ok if it failed there.
 Sample InChild(const Measure& measure, const std::vector<unsigned char>& document) {
-    int channel[2];
-    if (pipe(channel) != 0) return Sample{};
-    const pid_t child = fork();
-    if (child == 0) {
-        close(channel[0]);
-        Sample sample{};
-        try {
-            sample = measure(document);
-            sample.ok = true;
-        } catch (const std::exception& e) {
-            std::fprintf(stderr, "  failed: %s\n", e.what());
-        } catch (...) {
-            std::fprintf(stderr, "  failed\n");
-        }
-        const bool sent = write(channel[1], &sample, sizeof sample) == sizeof sample;
-        _exit(sent ? 0 : 1);
-    }
-    close(channel[1]);
     Sample sample{};
-    if (child < 0 || read(channel[0], &sample, sizeof sample) != sizeof sample) sample.ok = false;
-    close(channel[0]);
-    if (child > 0) waitpid(child, nullptr, 0);
+    sample.ok = bench::InFreshProcess([&] { return measure(document); }, sample);
     return sample;
 }
 

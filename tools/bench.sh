@@ -4,6 +4,8 @@
 #                                 (default 178000 track points, about 50 MB)
 #   tools/bench.sh gpx [points]   the GPX bindings against gSOAP and CodeSynthesis XSD on the same
 #                                 document; installs the peers' Debian packages first
+#   tools/bench.sh json [points]  JSON write and load of the GPX bindings against XML on the same
+#                                 document
 #   tools/bench.sh <name>         any other bench/<name>_bench.cpp
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -19,7 +21,7 @@ if [ "$name" = gpx ]; then
 fi
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DQX_BUILD_BENCH=ON -DQX_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j 2 --target "${name}_bench"
-if [ "$name" = xml ] || [ "$name" = gpx ]; then
+if [ "$name" = xml ] || [ "$name" = gpx ] || [ "$name" = json ]; then
     points="${2:-178000}"
     document="$build/bench-$points.gpx"
     [ -f "$document" ] || python3 ../shared/tools/gen_gpx.py --points "$points" -o "$document"

@@ -1,7 +1,5 @@
 #include "GpxBindings.h"
 
-#include <cwchar>
-
 using namespace QxXmlLib16Data;
 
 namespace Gpx {
@@ -84,92 +82,15 @@ CAttributeInfo* Coordinate(const wchar_t* name, int property, const CPrimitiveRe
                                        L"");
 }
 
-// The object a class member receives, checked against the member's class.
-template <class T>
-T* ObjectOf(const QxVariant& value, const wchar_t* property) {
-    CXmlObjectBase* object = value.GetXmlObject().Get();
-    T* typed = dynamic_cast<T*>(object);
-    if (object && !typed)
-        throw CQxInvalidParamException(
-            FormatString(L"The Property [%ls] was given an object of another class", property));
-    return typed;
-}
-
-// Reading an absent optional member leaves the variant invalid, so nothing is written.
-void AccessText(bool read, QxVariant& value, TOptional<std::wstring>& member) {
-    if (read) {
-        if (member) value.SetString(*member);
-    } else {
-        member = value.GetString();
-    }
-}
-
-void AccessDecimal(bool read, QxVariant& value, TOptional<CDecimal>& member) {
-    if (read) {
-        if (member) value.SetDecimal(*member);
-    } else {
-        member = value.GetDecimal();
-    }
-}
-
-void AccessTime(bool read, QxVariant& value, TOptional<CDateTime>& member) {
-    if (read) {
-        if (member) value.SetDateTime(*member);
-    } else {
-        member = value.GetDateTime();
-    }
-}
-
-template <class T>
-void Adopt(CSmartPtr<T>& member, T* value, const wchar_t* elementName) {
-    if (value) value->SetElementName(elementName);
-    member = value;
-}
-
-// A repeated member always holds its collection; it may be replaced by another of the same class.
-template <class C>
-void AccessCollection(bool read, QxVariant& value, CSmartPtr<C>& member, const wchar_t* property) {
-    if (read) {
-        value.SetXmlCollection(member.Get());
-        return;
-    }
-    C* collection = dynamic_cast<C*>(value.GetXmlCollection().Get());
-    if (!collection)
-        throw CQxInvalidParamException(
-            FormatString(L"The Property [%ls] needs a collection of its own class", property));
-    member = collection;
-}
-
-int UnknownProperty(int propertyNumber) {
-    throw CQxInvalidParamException(FormatString(L"Unknown property number %d", propertyNumber));
-}
-
 } // namespace
 
 const wchar_t* FixToText(int value) {
-    return value >= 0 && value <= Fix_pps ? kFixes[value] : L"";
+    return EnumToText(kFixes, value);
 }
 
 int FixFromText(const wchar_t* text) {
-    for (int i = Fix_none; i <= Fix_pps; ++i)
-        if (std::wcscmp(kFixes[i], text) == 0) return i;
-    throw CQxInvalidValueException(FormatString(L"The value [%ls] is not a valid fixType", text));
+    return EnumFromText(kFixes, text, L"fixType");
 }
-
-// The three descriptor getters are the same in every class.
-#define GPX_DESCRIPTOR_GETTERS(C)                                                                            \
-    const CParentElementInfo* C::GetClassInfo() const {                                                      \
-        return MetaData().GetClassInfo();                                                                    \
-    }                                                                                                        \
-    CElementInfo* const* C::GetClassElementInfo() const {                                                    \
-        return MetaData().GetElements();                                                                     \
-    }                                                                                                        \
-    CAttributeInfo* const* C::GetClassAttributeInfo() const {                                                \
-        return MetaData().GetAttributes();                                                                   \
-    }                                                                                                        \
-    void C::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {                \
-        Reset();                                                                                             \
-    }
 
 // --- extensionsType -------------------------------------------------------------------------------
 
@@ -191,11 +112,8 @@ const CClassMetaData& CExtensions::MetaData() {
 
 int CExtensions::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (propertyNumber != 1) return UnknownProperty(propertyNumber);
-    AccessCollection(read, value, m_any, L"AnyElement");
-    return 0;
+    return AccessCollection(read, value, m_any, L"AnyElement");
 }
-
-GPX_DESCRIPTOR_GETTERS(CExtensions)
 
 // --- linkType -------------------------------------------------------------------------------------
 
@@ -223,19 +141,14 @@ const CClassMetaData& CLink::MetaData() {
 int CLink::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnLinkHref:
-        read ? value.SetString(m_href) : SetHref(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_href, this, &CLink::SetHref);
     case pnLinkText:
-        AccessText(read, value, m_text);
-        return 0;
+        return AccessValue<itString>(read, value, m_text);
     case pnLinkType:
-        AccessText(read, value, m_type);
-        return 0;
+        return AccessValue<itString>(read, value, m_type);
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CLink)
 
 // --- emailType ------------------------------------------------------------------------------------
 
@@ -257,16 +170,12 @@ const CClassMetaData& CEmail::MetaData() {
 int CEmail::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        read ? value.SetString(m_id) : SetId(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_id, this, &CEmail::SetId);
     case 2:
-        read ? value.SetString(m_domain) : SetDomain(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_domain, this, &CEmail::SetDomain);
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CEmail)
 
 // --- personType -----------------------------------------------------------------------------------
 
@@ -285,10 +194,10 @@ void CPerson::Reset() {
 }
 
 void CPerson::SetEmail(CEmail* value) {
-    Adopt(m_email, value, L"email");
+    AdoptChild(m_email, value, L"email");
 }
 void CPerson::SetLink(CLink* value) {
-    Adopt(m_link, value, L"link");
+    AdoptChild(m_link, value, L"link");
 }
 
 const CClassMetaData& CPerson::MetaData() {
@@ -302,19 +211,14 @@ const CClassMetaData& CPerson::MetaData() {
 int CPerson::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPersonName:
-        AccessText(read, value, m_name);
-        return 0;
+        return AccessValue<itString>(read, value, m_name);
     case pnPersonEmail:
-        read ? value.SetXmlObject(m_email.Get()) : SetEmail(ObjectOf<CEmail>(value, L"email"));
-        return 0;
+        return AccessObject(read, value, m_email, L"email");
     case pnPersonLink:
-        read ? value.SetXmlObject(m_link.Get()) : SetLink(ObjectOf<CLink>(value, L"link"));
-        return 0;
+        return AccessObject(read, value, m_link, L"link");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CPerson)
 
 // --- copyrightType --------------------------------------------------------------------------------
 
@@ -343,23 +247,14 @@ const CClassMetaData& CCopyright::MetaData() {
 int CCopyright::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnCopyrightAuthor:
-        read ? value.SetString(m_author) : SetAuthor(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_author, this, &CCopyright::SetAuthor);
     case pnCopyrightYear:
-        if (read) {
-            if (m_year) value.SetYear(*m_year);
-        } else {
-            SetYear(value.GetYear());
-        }
-        return 0;
+        return AccessValue<itYear>(read, value, m_year);
     case pnCopyrightLicense:
-        AccessText(read, value, m_license);
-        return 0;
+        return AccessValue<itString>(read, value, m_license);
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CCopyright)
 
 // --- boundsType -----------------------------------------------------------------------------------
 
@@ -403,22 +298,16 @@ const CClassMetaData& CBounds::MetaData() {
 int CBounds::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnMinlat:
-        read ? value.SetDecimal(m_minlat) : SetMinlat(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_minlat, this, &CBounds::SetMinlat);
     case pnMinlon:
-        read ? value.SetDecimal(m_minlon) : SetMinlon(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_minlon, this, &CBounds::SetMinlon);
     case pnMaxlat:
-        read ? value.SetDecimal(m_maxlat) : SetMaxlat(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_maxlat, this, &CBounds::SetMaxlat);
     case pnMaxlon:
-        read ? value.SetDecimal(m_maxlon) : SetMaxlon(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_maxlon, this, &CBounds::SetMaxlon);
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CBounds)
 
 // --- metadataType ---------------------------------------------------------------------------------
 
@@ -455,16 +344,16 @@ void CMetadata::Reset() {
 }
 
 void CMetadata::SetAuthor(CPerson* value) {
-    Adopt(m_author, value, L"author");
+    AdoptChild(m_author, value, L"author");
 }
 void CMetadata::SetCopyright(CCopyright* value) {
-    Adopt(m_copyright, value, L"copyright");
+    AdoptChild(m_copyright, value, L"copyright");
 }
 void CMetadata::SetBounds(CBounds* value) {
-    Adopt(m_bounds, value, L"bounds");
+    AdoptChild(m_bounds, value, L"bounds");
 }
 void CMetadata::SetExtensions(CExtensions* value) {
-    Adopt(m_extensions, value, L"extensions");
+    AdoptChild(m_extensions, value, L"extensions");
 }
 
 const CClassMetaData& CMetadata::MetaData() {
@@ -482,39 +371,26 @@ const CClassMetaData& CMetadata::MetaData() {
 int CMetadata::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnMetadataName:
-        AccessText(read, value, m_name);
-        return 0;
+        return AccessValue<itString>(read, value, m_name);
     case pnMetadataDesc:
-        AccessText(read, value, m_desc);
-        return 0;
+        return AccessValue<itString>(read, value, m_desc);
     case pnMetadataAuthor:
-        read ? value.SetXmlObject(m_author.Get()) : SetAuthor(ObjectOf<CPerson>(value, L"author"));
-        return 0;
+        return AccessObject(read, value, m_author, L"author");
     case pnMetadataCopyright:
-        read ? value.SetXmlObject(m_copyright.Get())
-             : SetCopyright(ObjectOf<CCopyright>(value, L"copyright"));
-        return 0;
+        return AccessObject(read, value, m_copyright, L"copyright");
     case pnMetadataLink:
-        AccessCollection(read, value, m_link, L"link");
-        return 0;
+        return AccessCollection(read, value, m_link, L"link");
     case pnMetadataTime:
-        AccessTime(read, value, m_time);
-        return 0;
+        return AccessValue<itDateTime>(read, value, m_time);
     case pnMetadataKeywords:
-        AccessText(read, value, m_keywords);
-        return 0;
+        return AccessValue<itString>(read, value, m_keywords);
     case pnMetadataBounds:
-        read ? value.SetXmlObject(m_bounds.Get()) : SetBounds(ObjectOf<CBounds>(value, L"bounds"));
-        return 0;
+        return AccessObject(read, value, m_bounds, L"bounds");
     case pnMetadataExtensions:
-        read ? value.SetXmlObject(m_extensions.Get())
-             : SetExtensions(ObjectOf<CExtensions>(value, L"extensions"));
-        return 0;
+        return AccessObject(read, value, m_extensions, L"extensions");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CMetadata)
 
 // --- wptType --------------------------------------------------------------------------------------
 
@@ -595,7 +471,7 @@ void CWpt::SetDgpsid(TOptional<CBigInteger> value) {
     m_dgpsid = std::move(value);
 }
 void CWpt::SetExtensions(CExtensions* value) {
-    Adopt(m_extensions, value, L"extensions");
+    AdoptChild(m_extensions, value, L"extensions");
 }
 
 const CClassMetaData& CWpt::MetaData() {
@@ -619,74 +495,50 @@ const CClassMetaData& CWpt::MetaData() {
 int CWpt::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnWptLat:
-        read ? value.SetDecimal(m_lat) : SetLat(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_lat, this, &CWpt::SetLat);
     case pnWptLon:
-        read ? value.SetDecimal(m_lon) : SetLon(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_lon, this, &CWpt::SetLon);
     case pnWptEle:
-        AccessDecimal(read, value, m_ele);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_ele);
     case pnWptTime:
-        AccessTime(read, value, m_time);
-        return 0;
+        return AccessValue<itDateTime>(read, value, m_time);
     case pnWptMagvar:
-        read ? (m_magvar ? value.SetDecimal(*m_magvar) : void()) : SetMagvar(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_magvar, this, &CWpt::SetMagvar);
     case pnWptGeoidheight:
-        AccessDecimal(read, value, m_geoidheight);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_geoidheight);
     case pnWptName:
-        AccessText(read, value, m_name);
-        return 0;
+        return AccessValue<itString>(read, value, m_name);
     case pnWptCmt:
-        AccessText(read, value, m_cmt);
-        return 0;
+        return AccessValue<itString>(read, value, m_cmt);
     case pnWptDesc:
-        AccessText(read, value, m_desc);
-        return 0;
+        return AccessValue<itString>(read, value, m_desc);
     case pnWptSrc:
-        AccessText(read, value, m_src);
-        return 0;
+        return AccessValue<itString>(read, value, m_src);
     case pnWptLink:
-        AccessCollection(read, value, m_link, L"link");
-        return 0;
+        return AccessCollection(read, value, m_link, L"link");
     case pnWptSym:
-        AccessText(read, value, m_sym);
-        return 0;
+        return AccessValue<itString>(read, value, m_sym);
     case pnWptType:
-        AccessText(read, value, m_type);
-        return 0;
+        return AccessValue<itString>(read, value, m_type);
     case pnWptFix:
-        read ? (m_fix ? value.SetI4(*m_fix) : void()) : SetFix(Fix(value.GetI4()));
-        return 0;
+        return AccessValue<itI4>(read, value, m_fix);
     case pnWptSat:
-        read ? (m_sat ? value.SetInteger(*m_sat) : void()) : SetSat(value.GetInteger());
-        return 0;
+        return AccessValue<itInteger>(read, value, m_sat, this, &CWpt::SetSat);
     case pnWptHdop:
-        AccessDecimal(read, value, m_hdop);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_hdop);
     case pnWptVdop:
-        AccessDecimal(read, value, m_vdop);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_vdop);
     case pnWptPdop:
-        AccessDecimal(read, value, m_pdop);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_pdop);
     case pnWptAgeofdgpsdata:
-        AccessDecimal(read, value, m_ageofdgpsdata);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_ageofdgpsdata);
     case pnWptDgpsid:
-        read ? (m_dgpsid ? value.SetInteger(*m_dgpsid) : void()) : SetDgpsid(value.GetInteger());
-        return 0;
+        return AccessValue<itInteger>(read, value, m_dgpsid, this, &CWpt::SetDgpsid);
     case pnWptExtensions:
-        read ? value.SetXmlObject(m_extensions.Get())
-             : SetExtensions(ObjectOf<CExtensions>(value, L"extensions"));
-        return 0;
+        return AccessObject(read, value, m_extensions, L"extensions");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CWpt)
 
 // --- rteType and trkType: the same members, then their points or segments --------------------------
 
@@ -728,7 +580,7 @@ void CRte::SetNumber(TOptional<CBigInteger> value) {
     m_number = std::move(value);
 }
 void CRte::SetExtensions(CExtensions* value) {
-    Adopt(m_extensions, value, L"extensions");
+    AdoptChild(m_extensions, value, L"extensions");
 }
 
 const CClassMetaData& CRte::MetaData() {
@@ -745,38 +597,26 @@ const CClassMetaData& CRte::MetaData() {
 int CRte::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnRouteName:
-        AccessText(read, value, m_name);
-        return 0;
+        return AccessValue<itString>(read, value, m_name);
     case pnRouteCmt:
-        AccessText(read, value, m_cmt);
-        return 0;
+        return AccessValue<itString>(read, value, m_cmt);
     case pnRouteDesc:
-        AccessText(read, value, m_desc);
-        return 0;
+        return AccessValue<itString>(read, value, m_desc);
     case pnRouteSrc:
-        AccessText(read, value, m_src);
-        return 0;
+        return AccessValue<itString>(read, value, m_src);
     case pnRouteLink:
-        AccessCollection(read, value, m_link, L"link");
-        return 0;
+        return AccessCollection(read, value, m_link, L"link");
     case pnRouteNumber:
-        read ? (m_number ? value.SetInteger(*m_number) : void()) : SetNumber(value.GetInteger());
-        return 0;
+        return AccessValue<itInteger>(read, value, m_number, this, &CRte::SetNumber);
     case pnRouteType:
-        AccessText(read, value, m_type);
-        return 0;
+        return AccessValue<itString>(read, value, m_type);
     case pnRouteExtensions:
-        read ? value.SetXmlObject(m_extensions.Get())
-             : SetExtensions(ObjectOf<CExtensions>(value, L"extensions"));
-        return 0;
+        return AccessObject(read, value, m_extensions, L"extensions");
     case pnRoutePoints:
-        AccessCollection(read, value, m_rtept, L"rtept");
-        return 0;
+        return AccessCollection(read, value, m_rtept, L"rtept");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CRte)
 
 CTrk::CTrk(const wchar_t* elementName)
     : m_link(new CLinkCol(L"link", kNamespace, 0, -1))
@@ -802,7 +642,7 @@ void CTrk::SetNumber(TOptional<CBigInteger> value) {
     m_number = std::move(value);
 }
 void CTrk::SetExtensions(CExtensions* value) {
-    Adopt(m_extensions, value, L"extensions");
+    AdoptChild(m_extensions, value, L"extensions");
 }
 
 const CClassMetaData& CTrk::MetaData() {
@@ -819,38 +659,26 @@ const CClassMetaData& CTrk::MetaData() {
 int CTrk::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnRouteName:
-        AccessText(read, value, m_name);
-        return 0;
+        return AccessValue<itString>(read, value, m_name);
     case pnRouteCmt:
-        AccessText(read, value, m_cmt);
-        return 0;
+        return AccessValue<itString>(read, value, m_cmt);
     case pnRouteDesc:
-        AccessText(read, value, m_desc);
-        return 0;
+        return AccessValue<itString>(read, value, m_desc);
     case pnRouteSrc:
-        AccessText(read, value, m_src);
-        return 0;
+        return AccessValue<itString>(read, value, m_src);
     case pnRouteLink:
-        AccessCollection(read, value, m_link, L"link");
-        return 0;
+        return AccessCollection(read, value, m_link, L"link");
     case pnRouteNumber:
-        read ? (m_number ? value.SetInteger(*m_number) : void()) : SetNumber(value.GetInteger());
-        return 0;
+        return AccessValue<itInteger>(read, value, m_number, this, &CTrk::SetNumber);
     case pnRouteType:
-        AccessText(read, value, m_type);
-        return 0;
+        return AccessValue<itString>(read, value, m_type);
     case pnRouteExtensions:
-        read ? value.SetXmlObject(m_extensions.Get())
-             : SetExtensions(ObjectOf<CExtensions>(value, L"extensions"));
-        return 0;
+        return AccessObject(read, value, m_extensions, L"extensions");
     case pnRoutePoints:
-        AccessCollection(read, value, m_trkseg, L"trkseg");
-        return 0;
+        return AccessCollection(read, value, m_trkseg, L"trkseg");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CTrk)
 
 // --- trksegType -----------------------------------------------------------------------------------
 
@@ -866,7 +694,7 @@ void CTrkseg::Reset() {
 }
 
 void CTrkseg::SetExtensions(CExtensions* value) {
-    Adopt(m_extensions, value, L"extensions");
+    AdoptChild(m_extensions, value, L"extensions");
 }
 
 const CClassMetaData& CTrkseg::MetaData() {
@@ -878,17 +706,12 @@ const CClassMetaData& CTrkseg::MetaData() {
 int CTrkseg::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        AccessCollection(read, value, m_trkpt, L"trkpt");
-        return 0;
+        return AccessCollection(read, value, m_trkpt, L"trkpt");
     case 2:
-        read ? value.SetXmlObject(m_extensions.Get())
-             : SetExtensions(ObjectOf<CExtensions>(value, L"extensions"));
-        return 0;
+        return AccessObject(read, value, m_extensions, L"extensions");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CTrkseg)
 
 // --- gpxType --------------------------------------------------------------------------------------
 
@@ -927,10 +750,10 @@ void CGpx::SetVersion(std::wstring value) {
     m_version = std::move(value);
 }
 void CGpx::SetMetadata(CMetadata* value) {
-    Adopt(m_metadata, value, L"metadata");
+    AdoptChild(m_metadata, value, L"metadata");
 }
 void CGpx::SetExtensions(CExtensions* value) {
-    Adopt(m_extensions, value, L"extensions");
+    AdoptChild(m_extensions, value, L"extensions");
 }
 
 const CClassMetaData& CGpx::MetaData() {
@@ -946,32 +769,22 @@ const CClassMetaData& CGpx::MetaData() {
 int CGpx::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnGpxVersion:
-        read ? value.SetString(m_version) : SetVersion(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_version, this, &CGpx::SetVersion);
     case pnGpxCreator:
-        read ? value.SetString(m_creator) : SetCreator(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_creator, this, &CGpx::SetCreator);
     case pnGpxMetadata:
-        read ? value.SetXmlObject(m_metadata.Get()) : SetMetadata(ObjectOf<CMetadata>(value, L"metadata"));
-        return 0;
+        return AccessObject(read, value, m_metadata, L"metadata");
     case pnGpxWpt:
-        AccessCollection(read, value, m_wpt, L"wpt");
-        return 0;
+        return AccessCollection(read, value, m_wpt, L"wpt");
     case pnGpxRte:
-        AccessCollection(read, value, m_rte, L"rte");
-        return 0;
+        return AccessCollection(read, value, m_rte, L"rte");
     case pnGpxTrk:
-        AccessCollection(read, value, m_trk, L"trk");
-        return 0;
+        return AccessCollection(read, value, m_trk, L"trk");
     case pnGpxExtensions:
-        read ? value.SetXmlObject(m_extensions.Get())
-             : SetExtensions(ObjectOf<CExtensions>(value, L"extensions"));
-        return 0;
+        return AccessObject(read, value, m_extensions, L"extensions");
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CGpx)
 
 // --- ptType and ptsegType -------------------------------------------------------------------------
 
@@ -1008,22 +821,16 @@ const CClassMetaData& CPt::MetaData() {
 int CPt::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPtLat:
-        read ? value.SetDecimal(m_lat) : SetLat(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_lat, this, &CPt::SetLat);
     case pnPtLon:
-        read ? value.SetDecimal(m_lon) : SetLon(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_lon, this, &CPt::SetLon);
     case pnPtEle:
-        AccessDecimal(read, value, m_ele);
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_ele);
     case pnPtTime:
-        AccessTime(read, value, m_time);
-        return 0;
+        return AccessValue<itDateTime>(read, value, m_time);
     }
     return UnknownProperty(propertyNumber);
 }
-
-GPX_DESCRIPTOR_GETTERS(CPt)
 
 CPtseg::CPtseg(const wchar_t* elementName)
     : m_pt(new CPtCol(L"pt", kNamespace, 0, -1)) {
@@ -1042,10 +849,7 @@ const CClassMetaData& CPtseg::MetaData() {
 
 int CPtseg::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (propertyNumber != 1) return UnknownProperty(propertyNumber);
-    AccessCollection(read, value, m_pt, L"pt");
-    return 0;
+    return AccessCollection(read, value, m_pt, L"pt");
 }
-
-GPX_DESCRIPTOR_GETTERS(CPtseg)
 
 } // namespace Gpx

@@ -22,12 +22,8 @@ int FixFromText(const wchar_t* text);
 // The declarations every generated class repeats.
 #define GPX_GENERATED_CLASS_MEMBERS                                                                          \
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;                            \
-    const QxXmlLib16Data::CParentElementInfo* GetClassInfo() const override;                                 \
-    QxXmlLib16Data::CElementInfo* const* GetClassElementInfo() const override;                               \
-    QxXmlLib16Data::CAttributeInfo* const* GetClassAttributeInfo() const override;                           \
-    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;           \
-    CXmlObjectBase* GetBase() override {                                                                     \
-        return this;                                                                                         \
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override {          \
+        Reset();                                                                                             \
     }                                                                                                        \
     std::wstring GetTargetNamespace() const override {                                                       \
         return kNamespace;                                                                                   \
@@ -37,6 +33,7 @@ int FixFromText(const wchar_t* text);
     }                                                                                                        \
                                                                                                              \
 private:                                                                                                     \
+    friend TGeneratedClass;                                                                                  \
     static const CClassMetaData& MetaData();                                                                 \
     void Reset();                                                                                            \
                                                                                                              \
@@ -48,7 +45,7 @@ class CLink;
 typedef TXmlClassCollection<CLink> CLinkCol;
 
 // <extensions>: elements of other namespaces, kept as they were read.
-class CExtensions : public CXmlGeneratedClass {
+class CExtensions : public TGeneratedClass<CExtensions> {
 public:
     explicit CExtensions(const wchar_t* elementName = L"extensionsType");
 
@@ -59,7 +56,7 @@ private:
     CSmartPtr<CElementCol> m_any;
 };
 
-class CLink : public CXmlGeneratedClass {
+class CLink : public TGeneratedClass<CLink> {
 public:
     explicit CLink(const wchar_t* elementName = L"linkType");
 
@@ -76,7 +73,7 @@ private:
     TOptional<std::wstring> m_text, m_type;
 };
 
-class CEmail : public CXmlGeneratedClass {
+class CEmail : public TGeneratedClass<CEmail> {
 public:
     explicit CEmail(const wchar_t* elementName = L"emailType");
 
@@ -90,7 +87,7 @@ private:
     std::wstring m_id, m_domain;
 };
 
-class CPerson : public CXmlGeneratedClass {
+class CPerson : public TGeneratedClass<CPerson> {
 public:
     explicit CPerson(const wchar_t* elementName = L"personType");
 
@@ -108,7 +105,7 @@ private:
     CSmartPtr<CLink> m_link;
 };
 
-class CCopyright : public CXmlGeneratedClass {
+class CCopyright : public TGeneratedClass<CCopyright> {
 public:
     explicit CCopyright(const wchar_t* elementName = L"copyrightType");
 
@@ -127,7 +124,7 @@ private:
 };
 
 // minlat/maxlat are latitudes, minlon/maxlon longitudes; the setters refuse values out of range.
-class CBounds : public CXmlGeneratedClass {
+class CBounds : public TGeneratedClass<CBounds> {
 public:
     explicit CBounds(const wchar_t* elementName = L"boundsType");
 
@@ -145,7 +142,7 @@ private:
     CDecimal m_minlat, m_minlon, m_maxlat, m_maxlon;
 };
 
-class CMetadata : public CXmlGeneratedClass {
+class CMetadata : public TGeneratedClass<CMetadata> {
 public:
     explicit CMetadata(const wchar_t* elementName = L"metadataType");
 
@@ -180,7 +177,7 @@ private:
 };
 
 // A waypoint, route point or track point.
-class CWpt : public CXmlGeneratedClass {
+class CWpt : public TGeneratedClass<CWpt> {
 public:
     explicit CWpt(const wchar_t* elementName = L"wptType");
 
@@ -244,7 +241,7 @@ private:
 
 typedef TXmlClassCollection<CWpt> CWptCol;
 
-class CRte : public CXmlGeneratedClass {
+class CRte : public TGeneratedClass<CRte> {
 public:
     explicit CRte(const wchar_t* elementName = L"rteType");
 
@@ -275,7 +272,7 @@ private:
     CSmartPtr<CWptCol> m_rtept;
 };
 
-class CTrkseg : public CXmlGeneratedClass {
+class CTrkseg : public TGeneratedClass<CTrkseg> {
 public:
     explicit CTrkseg(const wchar_t* elementName = L"trksegType");
 
@@ -291,7 +288,7 @@ private:
 
 typedef TXmlClassCollection<CTrkseg> CTrksegCol;
 
-class CTrk : public CXmlGeneratedClass {
+class CTrk : public TGeneratedClass<CTrk> {
 public:
     explicit CTrk(const wchar_t* elementName = L"trkType");
 
@@ -326,7 +323,7 @@ typedef TXmlClassCollection<CRte> CRteCol;
 typedef TXmlClassCollection<CTrk> CTrkCol;
 
 // The document element.
-class CGpx : public CXmlGeneratedClass {
+class CGpx : public TGeneratedClass<CGpx> {
 public:
     explicit CGpx(const wchar_t* elementName = L"gpx");
 
@@ -353,7 +350,7 @@ private:
 };
 
 // ptType and ptsegType are declared by the schema but used by no element of it.
-class CPt : public CXmlGeneratedClass {
+class CPt : public TGeneratedClass<CPt> {
 public:
     explicit CPt(const wchar_t* elementName = L"ptType");
 
@@ -375,7 +372,7 @@ private:
 
 typedef TXmlClassCollection<CPt> CPtCol;
 
-class CPtseg : public CXmlGeneratedClass {
+class CPtseg : public TGeneratedClass<CPtseg> {
 public:
     explicit CPtseg(const wchar_t* elementName = L"ptsegType");
 

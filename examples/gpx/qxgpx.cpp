@@ -1,6 +1,7 @@
 // qxgpx: loads a GPX 1.1 document into the bindings (validating it), prints a summary, and can write
 // the document back.
 
+#include "GpxNamespaces.h"
 #include "GpxSummary.h"
 
 #include <chrono>
@@ -13,11 +14,14 @@ using namespace QxXmlLib16;
 namespace {
 
 const char kUsage[] =
-    "usage: qxgpx [--out FILE [--gzip]] [--timings] [INPUT]\n"
-    "  INPUT      a GPX 1.1 file, plain or gzip/zlib-compressed (default: the shipped sample)\n"
-    "  --out FILE write the loaded document back as UTF-8 XML\n"
-    "  --gzip     compress what --out writes\n"
-    "  --timings  print the seconds spent loading and writing\n";
+    "usage: qxgpx [--in-format xml|json] [--out FILE [--format xml|json] [--gzip]] [--timings] [INPUT]\n"
+    "  INPUT          a GPX 1.1 file, plain or gzip/zlib-compressed (default: the shipped sample);\n"
+    "                 JSON when its name ends in .json\n"
+    "  --in-format F  read INPUT as XML or as JSON, whatever its name\n"
+    "  --out FILE     write the loaded document back as UTF-8\n"
+    "  --format F     what --out writes: XML (default) or JSON, escaped as RFC 8259 requires\n"
+    "  --gzip         compress what --out writes\n"
+    "  --timings      print the seconds spent loading and writing\n";
 
 std::wstring Widen(const char* text) {
     const auto* bytes = reinterpret_cast<const unsigned char*>(text);
@@ -45,13 +49,33 @@ std::string SampleFile() {
 struct Options {
     std::string input, output;
     bool gzip = false, timings = false;
+    bool jsonInput = false, jsonOutput = false;
 };
+
+bool EndsWith(const std::string& text, const std::string& end) {
+    return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+// Sets json from an --in-format or --format value; false for another value.
+bool ParseFormat(const std::string& value, bool& json) {
+    if (value != "xml" && value != "json") return false;
+    json = value == "json";
+    return true;
+}
 
 // False (after a message) for arguments that make no sense.
 bool ParseArguments(int argc, char** argv, Options& options) {
+    bool inputFormatGiven = false;
     for (int i = 1; i < argc; ++i) {
         const std::string argument = argv[i];
-        if (argument == "--out" && i + 1 < argc) {
+        if ((argument == "--format" || argument == "--in-format") && i + 1 < argc) {
+            const bool input = argument == "--in-format";
+            if (!ParseFormat(argv[++i], input ? options.jsonInput : options.jsonOutput)) {
+                std::fprintf(stderr, "qxgpx: unknown format '%s'\n%s", argv[i], kUsage);
+                return false;
+            }
+            inputFormatGiven = inputFormatGiven || input;
+        } else if (argument == "--out" && i + 1 < argc) {
             options.output = argv[++i];
         } else if (argument == "--gzip") {
             options.gzip = true;
@@ -72,6 +96,7 @@ bool ParseArguments(int argc, char** argv, Options& options) {
         return false;
     }
     if (options.input.empty()) options.input = SampleFile();
+    if (!inputFormatGiven) options.jsonInput = EndsWith(options.input, ".json");
     return true;
 }
 
@@ -80,6 +105,21 @@ double Seconds(F&& step) {
     const auto start = std::chrono::steady_clock::now();
     step();
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+// Loads the input as XML or JSON into gpx. Writing JSON needs every namespace of the document
+// declared on its root, so the document's namespaces then go into the context.
+void Load(const Options& options, Gpx::CGpx& gpx, CSerializationContext& context) {
+    const std::wstring input = Widen(options.input.c_str());
+    CXmlDocument document(context);
+    if (options.jsonInput) {
+        CBinaryData xml = document.LoadJsonFile(input.c_str());
+        document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
+    } else {
+        document.Load(input.c_str());
+    }
+    gpx.FromXmlElement(document.GetDocumentElement(), context);
+    if (options.jsonOutput) Gpx::DeclareNamespaces(document, context);
 }
 
 } // namespace
@@ -91,14 +131,20 @@ int main(int argc, char** argv) {
         // GPX readers expect the GPX namespace as the default one, not behind a prefix.
         CSerializationContext context;
         context.SetDefaultNamespaceURI(Gpx::kNamespace);
+        // A command-line user expects every JSON tool to read what this one writes.
+        context.GetJsonContext()->SetRfc8259Escaping(true);
         const CSmartPtr<Gpx::CGpx> gpx(new Gpx::CGpx);
-        const double load = Seconds([&] { gpx->FromXmlFile(Widen(options.input.c_str()).c_str()); });
+        const double load = Seconds([&] { Load(options, *gpx, context); });
         Print(stdout, Gpx::FormatSummary(Gpx::Summarize(*gpx)));
         if (options.timings) std::printf("load %.3f s\n", load);
         if (!options.output.empty()) {
+            const std::wstring output = Widen(options.output.c_str());
+            const CompressionType compression = options.gzip ? ctGzip : ctNone;
             const double write = Seconds([&] {
-                gpx->ToXmlFile(Widen(options.output.c_str()).c_str(), true, true, encUTF8, eolLF, context,
-                               options.gzip ? ctGzip : ctNone);
+                if (options.jsonOutput)
+                    gpx->ToJsonFile(output.c_str(), true, encUTF8, eolLF, context, compression);
+                else
+                    gpx->ToXmlFile(output.c_str(), true, true, encUTF8, eolLF, context, compression);
             });
             if (options.timings) std::printf("write %.3f s\n", write);
         }

@@ -24,6 +24,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/ExpatReader.h>
 #include <QxXmlLib16/xml/XmlWriter.h>
+#include <QxXmlLib16/xml/TextWriterBase.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 // Fast Infoset
@@ -53,6 +54,7 @@
 #include <QxXmlLib16/binding/XmlGeneratedClass.h>
 #include <QxXmlLib16/binding/ClassMetaData.h>
 #include <QxXmlLib16/binding/ClassfactoryBase.h>
+#include <QxXmlLib16/binding/ItemTraits.h>
 
 // Collections and wildcard content
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
@@ -63,37 +65,11 @@
 #include <QxXmlLib16/collections/TypedCollection.h>
 #include <QxXmlLib16/collections/PrimitiveCol.h>
 #include <QxXmlLib16/collections/datetimeBaseCol.h>
-#include <QxXmlLib16/collections/AttributeCol.h>
-#include <QxXmlLib16/collections/ElementCol.h>
-#include <QxXmlLib16/collections/base64BinaryCol.h>
-#include <QxXmlLib16/collections/booleanCol.h>
-#include <QxXmlLib16/collections/dateCol.h>
-#include <QxXmlLib16/collections/datetimeCol.h>
-#include <QxXmlLib16/collections/dayCol.h>
-#include <QxXmlLib16/collections/decimalCol.h>
-#include <QxXmlLib16/collections/durationCol.h>
-#include <QxXmlLib16/collections/hexBinaryCol.h>
-#include <QxXmlLib16/collections/i1Col.h>
-#include <QxXmlLib16/collections/i2Col.h>
-#include <QxXmlLib16/collections/i4Col.h>
-#include <QxXmlLib16/collections/i8Col.h>
-#include <QxXmlLib16/collections/integerCol.h>
-#include <QxXmlLib16/collections/monthCol.h>
-#include <QxXmlLib16/collections/monthDayCol.h>
-#include <QxXmlLib16/collections/r4Col.h>
-#include <QxXmlLib16/collections/r8Col.h>
-#include <QxXmlLib16/collections/stringCol.h>
-#include <QxXmlLib16/collections/timeCol.h>
-#include <QxXmlLib16/collections/ui1Col.h>
-#include <QxXmlLib16/collections/ui2Col.h>
-#include <QxXmlLib16/collections/ui4Col.h>
-#include <QxXmlLib16/collections/ui8Col.h>
-#include <QxXmlLib16/collections/yearCol.h>
-#include <QxXmlLib16/collections/yearMonthCol.h>
 #include <QxXmlLib16/collections/Attribute.h>
 #include <QxXmlLib16/collections/AttributeCol.h>
 #include <QxXmlLib16/collections/Element.h>
 #include <QxXmlLib16/collections/ElementCol.h>
+#include <QxXmlLib16/binding/SchemaSupport.h>
 
 // Descriptors of generated classes
 #include <QxXmlLib16/data/ElementInfo.h>
@@ -102,46 +78,14 @@
 #include <QxXmlLib16/data/AttributeInfoAny.h>
 #include <QxXmlLib16/data/AttributeInfoEnum.h>
 #include <QxXmlLib16/data/AttributeInfoPrimitive.h>
-#include <QxXmlLib16/data/ElementInfoAllAbsClsCol.h>
-#include <QxXmlLib16/data/ElementInfoAllAbsClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllAbsClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllClsCol.h>
-#include <QxXmlLib16/data/ElementInfoAllClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllCol.h>
-#include <QxXmlLib16/data/ElementInfoAllEnumCol.h>
-#include <QxXmlLib16/data/ElementInfoAllEnumMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllPrimCol.h>
-#include <QxXmlLib16/data/ElementInfoAllPrimMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllPrimOpt.h>
-#include <QxXmlLib16/data/ElementInfoAllUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoAllUntpdMnd.h>
-#include <QxXmlLib16/data/ElementInfoAllUntpdOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceAbsClsCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceAbsClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceClsCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceEnumCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoicePrimCol.h>
-#include <QxXmlLib16/data/ElementInfoChoicePrimOpt.h>
-#include <QxXmlLib16/data/ElementInfoChoiceUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoChoiceUntpdOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqAbsClsCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqAbsClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqAbsClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqClsOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqEnumOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimOpt.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdOpt.h>
+#include <QxXmlLib16/data/ElementInfoFamily.h>
+
+// What generated classes share
+#include <QxXmlLib16/binding/GeneratedCode.h>
+
+// JSON writer, reader and handlers
+#include <QxXmlLib16/json/JsonContext.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
+#include <QxXmlLib16/json/JsonReaderHandler.h>
+#include <QxXmlLib16/json/JsonReaderToXmlHandler.h>
+#include <QxXmlLib16/json/JsonTextReader.h>

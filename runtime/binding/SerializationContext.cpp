@@ -4,6 +4,7 @@
 #include <QxXmlLib16/fastinfoset/FastInfosetContext.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/json/JsonContext.h>
 
 namespace QxXmlLib16 {
 
@@ -51,6 +52,7 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
             BothIgnoresRefused(L"IgnoreUnknownElements", L"IgnoreMissingMandatoryElements"));
     m_ignoreMissingMandatoryElements = value;
 }
+
 CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
     if (!m_additionalRootAttributes) m_additionalRootAttributes = new CAttributeCol(L"", L"##any", L"");
     return m_additionalRootAttributes;
@@ -67,6 +69,11 @@ void CSerializationContext::SetIndentChars(const wchar_t* indent) {
         throw CQxInvalidParamException(
             L"IndentChars can only contain Whitespace characters, i.e. \\t or spaces");
     m_indentChars = value;
+}
+
+CJsonContext* CSerializationContext::GetJsonContext() const {
+    if (!m_jsonContext) m_jsonContext = std::make_shared<CJsonContext>();
+    return m_jsonContext.get();
 }
 
 } // namespace QxXmlLib16

@@ -57,6 +57,29 @@ CWhitespaceUtils::WhitespaceRule ContentWhitespace(ItemType type) {
     return type == itString ? CWhitespaceUtils::wsPreserve : CWhitespaceUtils::wsCollapse;
 }
 
+// Objects are read and written one inside the other, so the stack grows with their nesting; only a
+// schema type that contains itself lets a document choose how far. Counts the objects this thread
+// is inside of, and refuses the one past the limit.
+class CObjectDepth {
+public:
+    explicit CObjectDepth(const std::wstring& elementName, const CXmlElement* element = nullptr) {
+        if (t_depth == kMaxObjectDepth)
+            throw CQxValidationException(
+                FormatString(L"The element [%ls] is nested more than %d objects deep.", elementName.c_str(),
+                             kMaxObjectDepth),
+                element ? element->GetXPath() : std::wstring());
+        ++t_depth;
+    }
+    ~CObjectDepth() { --t_depth; }
+    CObjectDepth(const CObjectDepth&) = delete;
+    CObjectDepth& operator=(const CObjectDepth&) = delete;
+
+private:
+    static thread_local int t_depth;
+};
+
+thread_local int CObjectDepth::t_depth = 0;
+
 bool IsNil(const CXmlGeneratedClass* object) {
     const INillable* nillable = dynamic_cast<const INillable*>(object);
     return nillable && nillable->IsNil();
@@ -118,6 +141,7 @@ void CXmlGeneratedClass::CleanMetaData(CParentElementInfo*& classInfo, CElementI
 
 void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const wchar_t* namespaceURI,
                                    const CSerializationContext& context, bool flag) const {
+    const CObjectDepth depth(GetElementName());
     const CParentElementInfo* info = GetClassInfo();
     const bool ownElement = info->GetElementType() == etElement;
     try {
@@ -224,6 +248,7 @@ void CXmlGeneratedClass::ProcessElementChoiceToXml(const CSerializationContext& 
 
 CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                              const CSerializationContext& context, bool flag) {
+    const CObjectDepth depth(element->GetLocalName(), element);
     try {
         OnBeforeFromXml(element, firstChild, context, flag);
         const CParentElementInfo* info = GetClassInfo();

@@ -8,6 +8,8 @@
 #include <QxXmlLib16/foundation/Functions.h>
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/json/JsonContext.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
 #include <QxXmlLib16/fastinfoset/FastInfosetWriter.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
@@ -16,6 +18,8 @@
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include "foundation/EncodingTextStream.h"
+
+#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -28,13 +32,29 @@ const wchar_t* const kZlibToFile = L"ZLIB Compression only available for To Stre
 const wchar_t* const kAlreadySet =
     L"The Property [%ls] is already set. Only one element within this class bay be set at a time";
 
-[[noreturn]] void ThrowNotAvailable(const wchar_t* what) {
-    throw CQxInvalidStateException(
-        FormatString(L"%ls is not available yet: this build of the library has no such encoding.", what));
-}
-
 void FireEvent(IEventSink* sink, CXmlCollectionBase* collection, IEventSink::MsgType type, void* data) {
     if (sink) sink->OnEvent(collection->GetBase(), type, data);
+}
+
+// Objects whose last reference went while this thread was already deleting one: a chain of objects
+// holding each other, however long, is then deleted one after the other instead of one inside the
+// other, in constant stack. The list lives in the outermost call.
+thread_local std::vector<CXmlObjectBase*>* t_pendingDeletes = nullptr;
+
+void Delete(CXmlObjectBase* object) {
+    if (t_pendingDeletes) {
+        t_pendingDeletes->push_back(object);
+        return;
+    }
+    std::vector<CXmlObjectBase*> pending;
+    t_pendingDeletes = &pending;
+    delete object;
+    while (!pending.empty()) {
+        CXmlObjectBase* next = pending.back();
+        pending.pop_back();
+        delete next;
+    }
+    t_pendingDeletes = nullptr;
 }
 
 } // namespace
@@ -72,7 +92,7 @@ long long CXmlObjectBase::Release() {
         count = --m_refCount;
     }
     // The lock is left before deleting: it is a member of the object being destroyed.
-    if (count == 0) delete this;
+    if (count == 0) Delete(this);
     return count;
 }
 
@@ -95,36 +115,79 @@ void WriteXmlText(const CXmlObjectBase& object, CTextStream& stream, bool includ
     writer.Close();
 }
 
-} // namespace
+// Runs the root serialization of object into stream as JSON.
+void WriteJsonText(const CXmlObjectBase& object, CTextStream& stream, bool formatted, EOLType eol,
+                   const CSerializationContext& context) {
+    const CJsonContext& options = *context.GetJsonContext();
+    CJsonTextWriter writer(stream);
+    writer.Open();
+    writer.SetFormat(formatted);
+    writer.SetIndentChars(context.GetIndentChars().c_str());
+    writer.SetEOLType(eol);
+    writer.SetSupportRoundtrip(options.GetSupportRoundtrip());
+    writer.SetRfc8259Escaping(options.GetRfc8259Escaping());
+    writer.WriteStartDocument();
+    std::wstring targetNamespace = object.GetTargetNamespace();
+    CXmlObjectBase::ToXml_Int(&object, &writer, true, targetNamespace.c_str(), context, false);
+    writer.WriteEndDocument();
+    writer.Close();
+}
 
-std::wstring CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType eol,
-                                   const CSerializationContext& context) const {
+// The three shapes of a text output, whatever writes it: wide text, encoded and compressed bytes,
+// and a file.
+template <class Write>
+std::wstring WrittenText(Write write) {
     CTextStream stream;
-    WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+    write(stream);
     return std::wstring(stream.GetText(), stream.GetLength());
 }
 
-CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding,
-                                        EOLType eol, const CSerializationContext& context,
-                                        CompressionType compression) const {
+template <class Write>
+CBinaryData WrittenBytes(XmlEncoding encoding, CompressionType compression, Write write) {
     internal::CEncodingTextStream stream(encoding);
-    WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+    write(stream);
     CBinaryData data = stream.TakeBytes();
     CQxZip::CompressData(data, compression);
     return data;
 }
 
-void CXmlObjectBase::ToXmlFile(const wchar_t* fileName, bool includeDocHeader, bool formatted,
-                               XmlEncoding encoding, EOLType eol, const CSerializationContext& context,
-                               CompressionType compression) const {
+// A compressed file, or any file while AsyncToXmlFile is on, is made whole by makeBytes and
+// written in one piece; otherwise the text goes to the file as it is written.
+template <class MakeBytes, class Write>
+void WriteTextFile(const wchar_t* fileName, XmlEncoding encoding, CompressionType compression,
+                   MakeBytes makeBytes, Write write) {
     if (compression == ctZlib) throw CQxException(kZlibToFile);
     if (g_asyncToXmlFile || compression != ctNone) {
-        CBinaryData data = ToXmlStream(includeDocHeader, formatted, encoding, eol, context, compression);
-        CFileBinaryStream(fileName, encoding, data).ToFile();
+        CFileBinaryStream(fileName, encoding, makeBytes()).ToFile();
         return;
     }
     CFileTextStream stream(fileName, encoding); // opened by the writer
-    WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+    write(stream);
+}
+
+} // namespace
+
+std::wstring CXmlObjectBase::ToXml(bool includeDocHeader, bool formatted, EOLType eol,
+                                   const CSerializationContext& context) const {
+    return WrittenText(
+        [&](CTextStream& stream) { WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context); });
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeDocHeader, bool formatted, XmlEncoding encoding,
+                                        EOLType eol, const CSerializationContext& context,
+                                        CompressionType compression) const {
+    return WrittenBytes(encoding, compression, [&](CTextStream& stream) {
+        WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context);
+    });
+}
+
+void CXmlObjectBase::ToXmlFile(const wchar_t* fileName, bool includeDocHeader, bool formatted,
+                               XmlEncoding encoding, EOLType eol, const CSerializationContext& context,
+                               CompressionType compression) const {
+    WriteTextFile(
+        fileName, encoding, compression,
+        [&] { return ToXmlStream(includeDocHeader, formatted, encoding, eol, context, compression); },
+        [&](CTextStream& stream) { WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context); });
 }
 
 void CXmlObjectBase::ToFastInfosetFile(const wchar_t* fileName, FInfoDecl declaration,
@@ -151,19 +214,23 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CSe
     return data;
 }
 
-void CXmlObjectBase::ToJsonFile(const wchar_t*, bool, XmlEncoding, EOLType, const CSerializationContext&,
-                                CompressionType compression) const {
-    if (compression == ctZlib) throw CQxException(kZlibToFile);
-    ThrowNotAvailable(L"JSON output");
+std::wstring CXmlObjectBase::ToJson(bool formatted, EOLType eol, const CSerializationContext& context) const {
+    return WrittenText([&](CTextStream& stream) { WriteJsonText(*this, stream, formatted, eol, context); });
 }
 
-std::wstring CXmlObjectBase::ToJson(bool, EOLType, const CSerializationContext&) const {
-    ThrowNotAvailable(L"JSON output");
+CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, EOLType eol,
+                                         const CSerializationContext& context,
+                                         CompressionType compression) const {
+    return WrittenBytes(encoding, compression,
+                        [&](CTextStream& stream) { WriteJsonText(*this, stream, formatted, eol, context); });
 }
 
-CBinaryData CXmlObjectBase::ToJsonStream(bool, XmlEncoding, EOLType, const CSerializationContext&,
-                                         CompressionType) const {
-    ThrowNotAvailable(L"JSON output");
+void CXmlObjectBase::ToJsonFile(const wchar_t* fileName, bool formatted, XmlEncoding encoding, EOLType eol,
+                                const CSerializationContext& context, CompressionType compression) const {
+    WriteTextFile(
+        fileName, encoding, compression,
+        [&] { return ToJsonStream(formatted, encoding, eol, context, compression); },
+        [&](CTextStream& stream) { WriteJsonText(*this, stream, formatted, eol, context); });
 }
 
 // ---- Input -------------------------------------------------------------------------------------
@@ -177,7 +244,7 @@ void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, 
     CXmlDocument document(context);
     load(document);
     CXmlElement* root = document.GetDocumentElement();
-    CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context, false);
+    CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
 }
 
 } // namespace
@@ -236,24 +303,45 @@ void CXmlObjectBase::FromXmlElement(const CElement* element, const CSerializatio
     FromXmlElement(document.GetDocumentElement(), context);
 }
 
-void CXmlObjectBase::FromJson(const char*, const CSerializationContext&) {
-    ThrowNotAvailable(L"JSON input");
+void CXmlObjectBase::FromJson(const char* text, const CSerializationContext& context) {
+    CXmlDocument document(context);
+    FromJson_Int(document.LoadJson(text), context);
 }
 
-void CXmlObjectBase::FromJson(const wchar_t*, const CSerializationContext&) {
-    ThrowNotAvailable(L"JSON input");
+void CXmlObjectBase::FromJson(const wchar_t* text, const CSerializationContext& context) {
+    CXmlDocument document(context);
+    FromJson_Int(document.LoadJson(text), context);
 }
 
-void CXmlObjectBase::FromJsonFile(const wchar_t*, const CSerializationContext&) {
-    ThrowNotAvailable(L"JSON input");
+void CXmlObjectBase::FromJsonFile(const wchar_t* fileName, const CSerializationContext& context) {
+    CXmlDocument document(context);
+    FromJson_Int(document.LoadJsonFile(fileName), context);
 }
 
-void CXmlObjectBase::FromJsonStream(unsigned char*, unsigned long, const CSerializationContext&) {
-    ThrowNotAvailable(L"JSON input");
+void CXmlObjectBase::FromJsonStream(unsigned char* data, unsigned long length,
+                                    const CSerializationContext& context) {
+    CXmlDocument document(context);
+    FromJson_Int(document.LoadJsonStream(data, length), context);
 }
 
-void CXmlObjectBase::FromJsonStream(const CBinaryData&, const CSerializationContext&) {
-    ThrowNotAvailable(L"JSON input");
+void CXmlObjectBase::FromJsonStream(const CBinaryData& data, const CSerializationContext& context) {
+    // The loader only reads the bytes (it inflates into a copy of its own).
+    FromJsonStream(const_cast<unsigned char*>(data.GetData()), data.GetLength(), context);
+}
+
+void CXmlObjectBase::FromJson_Int(const CBinaryData& xml, const CSerializationContext& context) {
+    // JSON below level 2 carries no namespaces, so names match by their local part for the length of
+    // the call. The switch is put back as it read, the computed value: with SchemaType 2 it stays
+    // set afterwards, as intended.
+    struct Restore {
+        CSerializationContext& context;
+        const bool ignoreNamespaces;
+        ~Restore() { context.SetIgnoreNamespaces(ignoreNamespaces); }
+    } restore{const_cast<CSerializationContext&>(context), context.GetIgnoreNamespaces()};
+    if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) restore.context.SetIgnoreNamespaces(true);
+    // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above U+FFFF
+    // arrive whole.
+    FromXmlStream(xml, context);
 }
 
 // ---- Checks ------------------------------------------------------------------------------------
@@ -326,7 +414,7 @@ void CXmlObjectBase::Choice_Read_Collection(CXmlCollectionBase* collection, CXml
                                             CXmlElement*& current, long& count,
                                             const CSerializationContext& context) {
     if (count > 0) return;
-    CXmlElement* stopped = FromXml_Int(collection, parent, current, context, false);
+    CXmlElement* stopped = FromXml_Int(collection, parent, current, context);
     if (stopped == current) return;
     current = stopped;
     collection->ValidateCount(context);
@@ -366,9 +454,8 @@ void CXmlObjectBase::ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
 }
 
 CXmlElement* CXmlObjectBase::FromXml_Int(CXmlObjectBase* object, CXmlElement* element,
-                                         CXmlElement* firstChild, const CSerializationContext& context,
-                                         bool flag) {
-    return object->FromXml_Int(element, firstChild, context, flag);
+                                         CXmlElement* firstChild, const CSerializationContext& context) {
+    return object->FromXml_Int(element, firstChild, context, false);
 }
 
 void CXmlObjectBase::AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,

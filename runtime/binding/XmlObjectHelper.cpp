@@ -1,18 +1,21 @@
 #include <QxXmlLib16/binding/XmlObjectHelper.h>
 
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/binding/ItemTraits.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/data/PrimitiveRestrictions.h>
+#include <QxXmlLib16/foundation/ConvertUTF.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
 #include <QxXmlLib16/values/BigInteger.h>
 #include <QxXmlLib16/values/BinaryData.h>
-#include <QxXmlLib16/binding/Conversions.h>
-#include <QxXmlLib16/foundation/ConvertUTF.h>
 #include <QxXmlLib16/values/DateTime.h>
 #include <QxXmlLib16/values/DateTimeSpan.h>
 #include <QxXmlLib16/values/Decimal.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/foundation/Functions.h>
-#include <QxXmlLib16/data/PrimitiveRestrictions.h>
 #include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/binding/SerializationContext.h>
 #include <QxXmlLib16/xml/XmlElement.h>
+
+#include "foundation/Patterns.h"
 
 #include <string_view>
 #include <type_traits>
@@ -181,12 +184,6 @@ void CheckBinary(const wchar_t* name, const CBinaryData& value, const R& restric
     if (!LengthHolds(value.GetLength(), restrictions)) Fail(name, print(value));
 }
 
-std::string Utf8Of(const std::wstring& text) {
-    std::string utf8(UnicodeToUTF8(text.data(), text.size(), nullptr, 0), '\0');
-    UnicodeToUTF8(text.data(), text.size(), reinterpret_cast<unsigned char*>(&utf8[0]), utf8.size());
-    return utf8;
-}
-
 bool IsBlank(wchar_t c) {
     return c == L' ' || c == L'\t' || c == L'\n' || c == L'\r';
 }
@@ -203,7 +200,8 @@ bool TokenAllows(std::wstring_view token, const std::wstring& namespaceURI,
 
 // Types that QxVariant::GetType can name.
 bool HasTypeName(ItemType type) {
-    return type >= itHexBinary && type <= itInteger;
+    return VisitItemType(
+        type, [](auto) { return true; }, [] { return false; });
 }
 
 } // namespace
@@ -242,62 +240,21 @@ void CXmlObjectHelper::TestNamespace(const std::wstring& namespaceURI, const std
 
 void CXmlObjectHelper::CheckRestriction(const wchar_t* name, const QxVariant& value, ItemType type,
                                         const CPrimitiveRestrictions& restrictions) {
-    switch (type) {
-    case itHexBinary:
-        return CheckRestrictionForhexBinary(name, value.GetHexBinary(), restrictions);
-    case itBase64Binary:
-        return CheckRestrictionForbase64Binary(name, value.GetBase64Binary(), restrictions);
-    case itI1:
-        return CheckRestrictionFori1(name, value.GetI1(), restrictions);
-    case itI2:
-        return CheckRestrictionFori2(name, value.GetI2(), restrictions);
-    case itI4:
-        return CheckRestrictionFori4(name, value.GetI4(), restrictions);
-    case itI8:
-        return CheckRestrictionFori8(name, value.GetI8(), restrictions);
-    case itUi1:
-        return CheckRestrictionForui1(name, value.GetUI1(), restrictions);
-    case itUi2:
-        return CheckRestrictionForui2(name, value.GetUI2(), restrictions);
-    case itUi4:
-        return CheckRestrictionForui4(name, value.GetUI4(), restrictions);
-    case itUi8:
-        return CheckRestrictionForui8(name, value.GetUI8(), restrictions);
-    case itR4:
-        return CheckRestrictionForr4(name, value.GetR4(), restrictions);
-    case itR8:
-        return CheckRestrictionForr8(name, value.GetR8(), restrictions);
-    case itDuration:
-        return CheckRestrictionForduration(name, value.GetDuration(), restrictions);
-    case itYearMonth:
-        return CheckRestrictionForyearMonth(name, value.GetYearMonth(), restrictions);
-    case itMonthDay:
-        return CheckRestrictionFormonthDay(name, value.GetMonthDay(), restrictions);
-    case itYear:
-        return CheckRestrictionForyear(name, value.GetYear(), restrictions);
-    case itMonth:
-        return CheckRestrictionFormonth(name, value.GetMonth(), restrictions);
-    case itDay:
-        return CheckRestrictionForday(name, value.GetDay(), restrictions);
-    case itDate:
-        return CheckRestrictionFordate(name, value.GetDate(), restrictions);
-    case itDateTime:
-        return CheckRestrictionFordatetime(name, value.GetDateTime(), restrictions);
-    case itTime:
-        return CheckRestrictionFortime(name, value.GetTime(), restrictions);
-    case itString:
-        return CheckRestrictionForstring(name, value.GetString(), restrictions);
-    case itBoolean:
-        return CheckRestrictionForboolean(name, value.GetBoolean(), restrictions);
-    case itDecimal:
-        return CheckRestrictionFordecimal(name, value.GetDecimal(), restrictions);
-    case itInteger:
-        return CheckRestrictionForinteger(name, value.GetInteger(), restrictions);
-    default:
+    const auto unknown = [&] {
         const ItemType held = value.GetItemType();
         const std::wstring typeName = HasTypeName(held) ? value.GetType() : std::to_wstring(held);
         throw CQxException(FormatString(L"Unknown type [%ls]", typeName.c_str()));
-    }
+    };
+    VisitItemType(
+        type,
+        [&](auto traits) {
+            using Traits = decltype(traits);
+            if constexpr (Traits::kHasFacets)
+                Traits::Check(name, Traits::Get(value), restrictions);
+            else
+                unknown();
+        },
+        unknown);
 }
 
 void CXmlObjectHelper::CheckRestrictionFori1(const wchar_t* name, char value, const R& restrictions) {
@@ -409,7 +366,7 @@ void CXmlObjectHelper::CheckRestrictionForstring(const wchar_t* name, const std:
     if (!R::IsPresent(restrictions.m_pattern)) return;
     bool matches;
     try {
-        matches = TestRegEx(Utf8Of(restrictions.m_pattern), value);
+        matches = internal::MatchesPattern(restrictions.m_pattern, value.data(), value.size());
     } catch (const CQxException& patternError) {
         throw CQxInvalidValueException(FormatString(L"%ls\nInvalid Value for %ls [%ls].",
                                                     patternError.GetFullMessage().c_str(), NameText(name),

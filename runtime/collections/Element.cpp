@@ -16,6 +16,9 @@
 
 #include <algorithm>
 #include <cwchar>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -129,27 +132,75 @@ void CElement::SetNamespaceRestrictions(const wchar_t* namespaceRule, const wcha
 }
 
 void CElement::CheckNamespaces(const std::wstring& namespaceRule, const std::wstring& targetNamespace) const {
-    internal::CheckNamespaceFits(m_namespace, m_name, namespaceRule, targetNamespace);
-    if (m_attributes) m_attributes->CheckNamespaces(namespaceRule, targetNamespace);
-    if (m_elements)
-        for (const CElement* child : *m_elements)
-            child->CheckNamespaces(namespaceRule, targetNamespace);
+    VisitTree(*this, [&](const CElement& element) {
+        internal::CheckNamespaceFits(element.m_namespace, element.m_name, namespaceRule, targetNamespace);
+        if (element.m_attributes) element.m_attributes->CheckNamespaces(namespaceRule, targetNamespace);
+    });
 }
 
 void CElement::ApplyNamespaceRestrictions(const std::wstring& namespaceRule,
                                           const std::wstring& targetNamespace) {
-    m_namespaceRule = namespaceRule;
-    m_targetNamespace = targetNamespace;
-    m_restricted = true;
-    if (m_attributes) {
-        m_attributes->m_namespaceRule = namespaceRule;
-        m_attributes->m_targetNamespace = targetNamespace;
+    VisitTree(*this, [&](CElement& element) {
+        element.m_namespaceRule = namespaceRule;
+        element.m_targetNamespace = targetNamespace;
+        element.m_restricted = true;
+        if (element.m_attributes) {
+            element.m_attributes->m_namespaceRule = namespaceRule;
+            element.m_attributes->m_targetNamespace = targetNamespace;
+        }
+        if (element.m_elements) {
+            element.m_elements->m_namespaceRule = namespaceRule;
+            element.m_elements->m_targetNamespace = targetNamespace;
+        }
+    });
+}
+
+// ---- Walking trees -----------------------------------------------------------------------------
+// Wildcard content is whatever a document holds, nested to any depth, so no operation on it
+// recurses per level: each walks the tree with a stack of its own.
+
+template <class Element, class Visit>
+void CElement::VisitTree(Element& root, Visit visit) {
+    std::vector<Element*> stack{&root};
+    while (!stack.empty()) {
+        Element& element = *stack.back();
+        stack.pop_back();
+        visit(element);
+        if (!element.m_elements) continue;
+        const size_t firstChild = stack.size();
+        for (CElement* child : *element.m_elements)
+            stack.push_back(child);
+        std::reverse(stack.begin() + firstChild, stack.end()); // the first child is visited first
     }
-    if (m_elements) {
-        m_elements->m_namespaceRule = namespaceRule;
-        m_elements->m_targetNamespace = targetNamespace;
-        for (CElement* child : *m_elements)
-            child->ApplyNamespaceRestrictions(namespaceRule, targetNamespace);
+}
+
+template <class Open, class MakeChild, class Close>
+void CElement::BuildTree(CXmlElement& source, Open open, MakeChild makeChild, Close close) {
+    struct Frame {
+        CElement* element;
+        CSmartPtr<CElement> owned; // null for the root, which belongs to the caller
+        CXmlElement* source;
+        CXmlElement* nextChild;
+    };
+    open(*this, source);
+    std::vector<Frame> stack;
+    stack.push_back({this, nullptr, &source, source.GetFirstElement()});
+    for (;;) {
+        Frame& top = stack.back();
+        if (CXmlElement* child = top.nextChild) {
+            top.nextChild = child->GetNextSiblingElement();
+            CSmartPtr<CElement> element = makeChild(*top.element, *top.source, *child);
+            open(*element, *child);
+            CElement* raw = element.Get();
+            stack.push_back({raw, std::move(element), child, child->GetFirstElement()});
+            continue;
+        }
+        close(*top.element, *top.source);
+        // An element joins its parent complete, as its parent sees it when read one level at a time.
+        const CSmartPtr<CElement> done = std::move(top.owned);
+        stack.pop_back();
+        if (stack.empty()) return;
+        stack.back().element->GetElements()->Add(done.Get());
     }
 }
 
@@ -157,42 +208,59 @@ void CElement::ApplyNamespaceRestrictions(const std::wstring& namespaceRule,
 
 void CElement::CopyXmlElement(CXmlElement* element) {
     if (!element) throw CQxInvalidParamException(L"The element to copy may not be NULL");
-    m_name = element->GetLocalName();
-    SetElementName(m_name.c_str());
-    m_namespace = element->GetNamespaceURI();
-    m_text = element->GetText();
-    m_defaultNamespace.clear();
-    // Emptied rather than dropped: a caller may hold them.
-    if (m_attributes) m_attributes->Clear();
-    if (m_elements) m_elements->Clear();
-    for (const CXmlAttribute* attribute : element->GetAttributes()) {
-        GetAttributes()->Append(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
-                                attribute->GetNamespaceURI().c_str());
-        if (attribute->GetLocalName() == L"xmlns") m_defaultNamespace = attribute->GetValue();
-    }
-    for (CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement()) {
-        const CSmartPtr<CElement> copy(new CElement(child->GetLocalName().c_str()));
-        copy->CopyXmlElement(child);
-        GetElements()->Add(copy.Get());
-    }
+    BuildTree(
+        *element,
+        [](CElement& copy, const CXmlElement& source) {
+            copy.m_name = source.GetLocalName();
+            copy.SetElementName(copy.m_name.c_str());
+            copy.m_namespace = source.GetNamespaceURI();
+            copy.m_text = source.GetText();
+            copy.m_defaultNamespace.clear();
+            // Emptied rather than dropped: a caller may hold them.
+            if (copy.m_attributes) copy.m_attributes->Clear();
+            if (copy.m_elements) copy.m_elements->Clear();
+            for (const CXmlAttribute* attribute : source.GetAttributes()) {
+                copy.GetAttributes()->Append(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(),
+                                             attribute->GetNamespaceURI().c_str());
+                if (attribute->GetLocalName() == L"xmlns") copy.m_defaultNamespace = attribute->GetValue();
+            }
+        },
+        [](CElement&, const CXmlElement&, const CXmlElement& child) {
+            return CSmartPtr<CElement>(new CElement(child.GetLocalName().c_str()));
+        },
+        [](CElement&, const CXmlElement&) {});
 }
 
 CElement* CElement::Clone() const {
-    CElement* copy = new CElement(m_name.c_str());
+    CElement* root = new CElement(m_name.c_str());
     try {
-        copy->m_text = m_text;
-        copy->m_namespace = m_namespace;
-        copy->m_namespaceRule = m_namespaceRule;
-        copy->m_targetNamespace = m_targetNamespace;
-        copy->m_restricted = m_restricted;
-        if (m_attributes) copy->m_attributes = m_attributes->Clone();
-        if (m_elements) copy->m_elements = m_elements->Clone();
-        copy->m_defaultNamespace = m_defaultNamespace;
+        std::vector<std::pair<const CElement*, CElement*>> stack{{this, root}};
+        while (!stack.empty()) {
+            const auto [source, copy] = stack.back();
+            stack.pop_back();
+            copy->m_text = source->m_text;
+            copy->m_namespace = source->m_namespace;
+            copy->m_namespaceRule = source->m_namespaceRule;
+            copy->m_targetNamespace = source->m_targetNamespace;
+            copy->m_restricted = source->m_restricted;
+            if (source->m_attributes) copy->m_attributes = source->m_attributes->Clone();
+            copy->m_defaultNamespace = source->m_defaultNamespace;
+            if (!source->m_elements) continue;
+            const CElementCol& children = *source->m_elements;
+            copy->m_elements = new CElementCol(
+                children.GetNamespace().c_str(), children.m_namespaceRule.c_str(),
+                children.m_targetNamespace.c_str(), children.GetMinOccurs(), children.GetMaxOccurs());
+            for (const CElement* child : children) {
+                const CSmartPtr<CElement> childCopy(new CElement(child->m_name.c_str()));
+                copy->m_elements->Add(childCopy.Get());
+                stack.emplace_back(child, childCopy.Get());
+            }
+        }
     } catch (...) {
-        delete copy;
+        delete root;
         throw;
     }
-    return copy;
+    return root;
 }
 
 // ---- Writing -----------------------------------------------------------------------------------
@@ -205,39 +273,73 @@ bool CElement::IsIndentation(CXmlWriter* writer) const {
            std::all_of(m_text.begin(), m_text.end(), CWhitespaceUtils::IsWhiteSpace);
 }
 
+// An element copied with a default namespace is written as the root of a text writer of its own,
+// since a default namespace can only be declared on a writer's root, and its text inserted whole.
+// Its attributes are left out on purpose: the copied xmlns attribute is among them and is declared
+// by that writer already.
+struct CElement::COwnWriter {
+    COwnWriter(const CXmlTextWriter& outer, const std::wstring& defaultNamespace)
+        : writer(stream) {
+        writer.SetEOLType(outer.GetEOLType());
+        writer.SetFormat(outer.GetFormat());
+        writer.SetDefaultNamespace(defaultNamespace);
+        context.SetDefaultNamespaceURI(defaultNamespace.c_str());
+        writer.Open();
+    }
+    CTextStream stream;
+    CXmlTextWriter writer;
+    CSerializationContext context;
+};
+
 void CElement::ToXml_Int(CXmlWriter* writer, bool, const wchar_t*, const CSerializationContext& context,
                          bool flag) const {
-    if (!m_defaultNamespace.empty() && dynamic_cast<CXmlTextWriter*>(writer)) {
-        WriteWithDefaultNamespace(writer, context, flag);
-        return;
-    }
-    writer->WriteStartElement(m_name, m_namespace);
-    if (m_attributes) m_attributes->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
-    if (m_elements) m_elements->ToXml_Int(writer, false, m_namespace.c_str(), context, flag);
-    if (!IsIndentation(writer)) writer->WriteString(m_text, itString, false);
-    writer->WriteEndElement();
-}
+    struct Frame {
+        const CElement* element;
+        CXmlWriter* outer;                    // the writer the element goes to
+        CXmlWriter* writer;                   // the writer of its content: outer, or its own
+        const CSerializationContext* context; // the context of its content
+        std::unique_ptr<COwnWriter> own;
+        CXmlCollection::const_iterator nextChild;
+    };
+    const CXmlCollection::const_iterator none(nullptr); // the end of every collection
+    std::vector<Frame> stack;
+    const auto open = [&](const CElement& element, CXmlWriter* outer,
+                          const CSerializationContext* outerContext) {
+        Frame frame{&element, outer, outer, outerContext, nullptr, none};
+        const auto* textWriter = dynamic_cast<CXmlTextWriter*>(outer);
+        if (!element.m_defaultNamespace.empty() && textWriter) {
+            frame.own = std::make_unique<COwnWriter>(*textWriter, element.m_defaultNamespace);
+            frame.writer = &frame.own->writer;
+            frame.context = &frame.own->context;
+        }
+        frame.writer->WriteStartElement(element.m_name, element.m_namespace);
+        if (element.m_attributes && !frame.own)
+            element.m_attributes->ToXml_Int(frame.writer, false, element.m_namespace.c_str(), *frame.context,
+                                            flag);
+        if (element.m_elements) frame.nextChild = element.m_elements->CXmlCollection::begin();
+        stack.push_back(std::move(frame));
+    };
 
-// The default namespace can only be declared on a writer's root, so the element is written as the
-// root of a writer of its own and its text inserted. The attributes are left out on purpose: the
-// copied xmlns attribute is among them and is declared by the inner writer already.
-void CElement::WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializationContext&, bool flag) const {
-    CXmlTextWriter& outer = static_cast<CXmlTextWriter&>(*writer);
-    CTextStream stream;
-    CXmlTextWriter inner(stream);
-    inner.SetEOLType(outer.GetEOLType());
-    inner.SetFormat(outer.GetFormat());
-    inner.SetDefaultNamespace(m_defaultNamespace);
-    CSerializationContext innerContext;
-    innerContext.SetDefaultNamespaceURI(m_defaultNamespace.c_str());
-    inner.Open();
-    inner.WriteStartElement(m_name, m_namespace);
-    if (m_elements) m_elements->ToXml_Int(&inner, false, m_namespace.c_str(), innerContext, flag);
-    if (!IsIndentation(&inner)) inner.WriteString(m_text, itString, false);
-    inner.WriteEndElement();
-    inner.Close();
-    outer.CloseParentElm();
-    outer.WriteRawElement(stream.GetText());
+    open(*this, writer, &context);
+    while (!stack.empty()) {
+        Frame& top = stack.back();
+        if (top.nextChild != none) {
+            const CElement& child = *static_cast<const CElement*>(*top.nextChild);
+            ++top.nextChild;
+            open(child, top.writer, top.context);
+            continue;
+        }
+        if (!top.element->IsIndentation(top.writer))
+            top.writer->WriteString(top.element->m_text, itString, false);
+        top.writer->WriteEndElement();
+        if (top.own) {
+            top.own->writer.Close();
+            auto& outer = static_cast<CXmlTextWriter&>(*top.outer);
+            outer.CloseParentElm();
+            outer.WriteRawElement(top.own->stream.GetText());
+        }
+        stack.pop_back();
+    }
 }
 
 // ---- Reading -----------------------------------------------------------------------------------
@@ -248,20 +350,33 @@ CXmlElement* CElement::FromXml_Int(CXmlElement* parent, CXmlElement* element,
     if (!element ||
         !CXmlObjectHelper::IsNamespaceValid(element->GetNamespaceURI(), m_namespaceRule, m_targetNamespace))
         return element;
-    // Emptied rather than dropped: a caller may hold them.
-    if (m_attributes) m_attributes->Clear();
-    if (m_elements) m_elements->Clear();
-    if (!element->GetAttributes().empty()) GetAttributes()->FromXml_Int(element, element, context, flag);
-    CXmlElement* firstChild = element->GetFirstElement();
-    if (firstChild && GetElements()->FromXml_Int(element, firstChild, context, flag))
-        throw CQxValidationException(
-            FormatString(L"Invalid Element [%ls] found.", element->GetLocalName().c_str()),
-            element->GetXPath());
-    m_text = element->GetText();
-    m_name = element->GetLocalName();
-    SetElementName(m_name.c_str());
-    m_namespace = element->GetNamespaceURI();
-    m_defaultNamespace.clear();
+    BuildTree(
+        *element,
+        [&](CElement& target, CXmlElement& source) {
+            // Emptied rather than dropped: a caller may hold them.
+            if (target.m_attributes) target.m_attributes->Clear();
+            if (target.m_elements) target.m_elements->Clear();
+            if (!source.GetAttributes().empty())
+                target.GetAttributes()->FromXml_Int(&source, &source, context, flag);
+        },
+        [](CElement& target, const CXmlElement& source, const CXmlElement& child) {
+            const CElementCol& children = *target.GetElements();
+            if (!CXmlObjectHelper::IsNamespaceValid(child.GetNamespaceURI(), children.m_namespaceRule,
+                                                    children.m_targetNamespace))
+                throw CQxValidationException(
+                    FormatString(L"Invalid Element [%ls] found.", source.GetLocalName().c_str()),
+                    source.GetXPath());
+            return CSmartPtr<CElement>(
+                new CElement(child.GetLocalName().c_str(), child.GetNamespaceURI().c_str(),
+                             children.m_namespaceRule.c_str(), children.m_targetNamespace.c_str()));
+        },
+        [](CElement& target, const CXmlElement& source) {
+            target.m_text = source.GetText();
+            target.m_name = source.GetLocalName();
+            target.SetElementName(target.m_name.c_str());
+            target.m_namespace = source.GetNamespaceURI();
+            target.m_defaultNamespace.clear();
+        });
     return element->GetNextSiblingElement();
 }
 

@@ -27,7 +27,7 @@ CXmlElement* CXmlClassCollection::FromXml_Int(CXmlElement* parent, CXmlElement* 
             throw CQxValidationException(
                 FormatString(L"Failed to find a suitable substitution element for [%ls].", name.c_str()),
                 (parent ? parent : current)->GetXPath());
-        CXmlObjectBase::FromXml_Int(item.Get(), current, current->GetFirstElement(), context, false);
+        CXmlObjectBase::FromXml_Int(item.Get(), current, current->GetFirstElement(), context);
         AppendItem(item.Get());
         current = current->GetNextSiblingElement();
     }

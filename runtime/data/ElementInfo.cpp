@@ -122,7 +122,7 @@ void CElementInfo::CheckRestriction(const QxVariant& value) const {
 
 CXmlElement* CElementInfo::FromXml_Int(CXmlObjectBase* child, CXmlElement* element, CXmlElement* first,
                                        const CSerializationContext& context, bool flag) const {
-    return CXmlObjectBase::FromXml_Int(child, element, first, context, flag);
+    return child->FromXml_Int(element, first, context, flag);
 }
 
 void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* child, CXmlWriter* writer,

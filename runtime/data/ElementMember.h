@@ -1,34 +1,30 @@
 #pragma once
 
-// The element descriptors form a family named by three choices: model group (Seq, Choice, All),
-// content kind (Cls, Prim, Enum, ...) and cardinality (Mnd, Opt, Col). Each choice is a policy
-// type below, and a member's class is only the composition of its three; every virtual slot is
-// one call into this header:
+// What the element descriptors do, by the three choices that name them: model group (Seq, Choice,
+// All), content kind (Cls, Prim, Enum, ...) and cardinality (Mnd, Opt, Col). Each choice is a
+// policy type below; ElementInfoFamily.cpp picks one of each for a descriptor and calls:
 //
 //   ElementToXml               WriteMember<Cardinality>(*this, Kind{}, ...)
-//                              WriteCollection<Group>(*this, ...)                       plain Col
+//                              WriteCollection<Group>(*this, ...)                       Col
 //   ElementFromXml             ReadValueMember<Group, Cardinality>(*this, Kind{}, ...)   Prim, Enum
-//                              ReadExistingClass<Group>(*this, target, ...)             Cls Mnd
-//                              ReadNewClass<Group>(*this, target, ...)                  Cls Opt
+//                              ReadExistingClass<Group>(*this, fields, ...)             Cls Mnd
+//                              ReadNewClass<Group>(*this, fields, ...)                  Cls Opt
 //                              ReadAbstractClass<Group, Cardinality>(*this, ...)        AbsCls
-//                              ReadWildcard<Group, Cardinality>(*this, target, ...)     Untpd
-//                              ReadCollection<Group>(*this, ...)                        plain Col
+//                              ReadWildcard<Group, Cardinality>(*this, fields, ...)     Untpd
+//                              ReadCollection<Group>(*this, ...)                        Col
 //   Validate                   ValidateAllMember<Cardinality>(*this, ...)               All only
 //   PseudoChildAttributeToXml  WriteInlineChildAttributes(*this, elementKind, ...)      Cls, AbsCls
 //
-// The typed collection members (SeqClsCol, ChoicePrimCol, ...) derive from their group's plain
-// collection member and inherit its reading and writing: the collection object knows its items.
-// A new member adds its constructor fields and these one-line forwards; a new kind adds a kind
-// policy with Write and, where it reads differently, one reader template here.
+// A new kind adds a kind policy with Write and, where it reads differently, one reader template.
 
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/binding/XmlGeneratedClass.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/data/ElementInfoFamily.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Functions.h>
 #include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/binding/SerializationContext.h>
-#include <QxXmlLib16/collections/XmlCollectionBase.h>
 #include <QxXmlLib16/xml/XmlElement.h>
-#include <QxXmlLib16/binding/XmlGeneratedClass.h>
-#include <QxXmlLib16/data/ElementInfo.h>
 
 namespace QxXmlLib16Data::internal {
 
@@ -123,23 +119,8 @@ struct ClsContent {
     }
 };
 
-// The constructor fields of a class member.
-struct ClassTarget {
-    XmlElementType elementKind;
-    ClassFactoryFunction factory;
-    int classNumber;
-    bool requiredContent; // inline content must consume something (mandatory members only)
-};
-
-inline std::wstring TextOrEmpty(const wchar_t* text) {
-    return text ? text : L"";
-}
-
-// The constructor fields of a wildcard member.
-struct WildcardTarget {
-    const std::wstring& namespaceRule;
-    const std::wstring& targetNamespace;
-};
+using ClassTarget = TMemberFields<ckClass>;
+using WildcardTarget = TMemberFields<ckUntyped>;
 
 // ---- Writing -------------------------------------------------------------------------------------
 

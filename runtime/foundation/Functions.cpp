@@ -1,9 +1,6 @@
 #include <QxXmlLib16/foundation/Functions.h>
 
-#include <QxXmlLib16/foundation/Encoder.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
-
-#include <pcre.h>
+#include "foundation/Patterns.h"
 
 #include <cctype>
 #include <climits>
@@ -11,8 +8,6 @@
 #include <cstdint>
 #include <cstring>
 #include <cwchar>
-#include <memory>
-#include <vector>
 
 namespace QxXmlLib16 {
 
@@ -198,35 +193,6 @@ void FindReplaceAll(String& text, const String& find, const String& replace) {
         text.replace(pos, find.size(), replace);
 }
 
-struct PcreDeleter {
-    void operator()(pcre* compiled) const { pcre_free(compiled); }
-};
-
-// XML Schema pattern syntax into PCRE syntax. Escaped backslashes are parked on U+0001 so that
-// "\\i" (a backslash followed by i) is not taken for the name-start escape.
-std::string TranslatePattern(std::string pattern) {
-    static const char* const kSubstitutions[][2] = {
-        {"\\\\", "\x01"},
-        {"\\i", "([^\\W\\d]|:)"},
-        {"\\I", "([\\W\\d])"},
-        {"\\c", "(\\w|\\.|-|:)"},
-        {"\\C", "([^\\w\\.\\-\\:])"},
-        {"\\p{IsBasicLatin}", "[\\000-\\177]"},
-        {"\\p{IsLatin-1Supplement}", "[\\200-\\377]"},
-        {"\\p{IsLatinExtended-A}", "[\\400-\\577]"},
-        {"\\p{IsLatinExtended-B}", "[\\600-\\1117]"},
-        {"\x01", "\\\\"},
-    };
-    for (const auto& substitution : kSubstitutions)
-        FindReplaceAll(pattern, std::string(substitution[0]), std::string(substitution[1]));
-    return "^(" + pattern + ")$";
-}
-
-std::wstring WideFromUtf8(const std::string& text) {
-    return CEncoder::Utf8ToUnicode(reinterpret_cast<const unsigned char*>(text.data()),
-                                   static_cast<int>(text.size()));
-}
-
 } // namespace
 
 std::wstring FormatV(const wchar_t* format, va_list args) {
@@ -283,26 +249,7 @@ std::wstring ToFracString(unsigned short ms, unsigned short us, unsigned short n
 }
 
 bool TestRegEx(std::string pattern, std::wstring value) {
-    const std::string translated = TranslatePattern(pattern);
-    const char* error = nullptr;
-    int errorOffset = 0;
-    std::unique_ptr<pcre, PcreDeleter> compiled(
-        pcre_compile(translated.c_str(), PCRE_UTF8, &error, &errorOffset, nullptr));
-    if (!compiled)
-        throw CQxException(FormatString(L"Invalid Regular Expression: %ls Error: '%ls'",
-                                        WideFromUtf8(pattern).c_str(),
-                                        WideFromUtf8(error ? error : "").c_str()));
-
-    int captures = 0;
-    pcre_fullinfo(compiled.get(), nullptr, PCRE_INFO_CAPTURECOUNT, &captures);
-    std::vector<int> offsets(3 * captures + 3);
-
-    const CBinaryData utf8 = CEncoder::UnicodeToUtf8Binary(value.c_str());
-    const char* subject = utf8.GetData() ? reinterpret_cast<const char*>(utf8.GetData()) : "";
-    const int length = static_cast<int>(utf8.GetLength());
-    const int matched = pcre_exec(compiled.get(), nullptr, subject, length, 0, PCRE_ANCHORED, offsets.data(),
-                                  static_cast<int>(offsets.size()));
-    return matched > 0 && offsets[0] == 0 && offsets[1] == length;
+    return internal::MatchesPattern(pattern, value.data(), value.size());
 }
 
 std::string UnicodeToMultiByte(const wchar_t* text) {

@@ -4,7 +4,9 @@
 
 #include "xml/NameTable.h"
 #include "xml/NodePool.h"
+#include "xml/SourceIndex.h"
 
+#include <memory>
 #include <string>
 
 namespace QxXmlLib16 {
@@ -19,6 +21,9 @@ struct CDocumentStore {
     // short values. One copy serves every element.
     CNameTable texts;
     CNodePool pool;
+    // The positions of the loaded tree, once asked for; dropped with the tree.
+    std::unique_ptr<CSourceIndex> sourceIndex;
+    bool sourceIndexBuilt = false;
 
     static constexpr size_t kShortText = 8;
     static bool IsShared(const wchar_t* text, size_t length) {

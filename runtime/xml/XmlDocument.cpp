@@ -6,6 +6,9 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 
+#include <QxXmlLib16/foundation/ConvertUTF.h>
+#include <QxXmlLib16/json/JsonTextReader.h>
+
 #include "xml/DocumentStore.h"
 
 #include <cerrno>
@@ -62,6 +65,7 @@ CXmlDocument::~CXmlDocument() {
 void CXmlDocument::Init() {
     m_input = nullptr;
     m_inputLength = 0;
+    m_inputIsUtf16 = false;
     m_documentElement = nullptr;
     m_schemaType = m_context->GetSchemaType();
 }
@@ -72,8 +76,11 @@ void CXmlDocument::Cleanup() {
     std::free(m_input);
     m_input = nullptr;
     m_inputLength = 0;
+    m_inputIsUtf16 = false;
     m_openElements.clear();
     m_aliases.clear();
+    m_store->sourceIndex.reset();
+    m_store->sourceIndexBuilt = false;
 }
 
 const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text,
@@ -98,6 +105,11 @@ void CXmlDocument::TakeInput(const unsigned char* data, unsigned long length) {
 
 void CXmlDocument::Load(const wchar_t* fileName) {
     Cleanup();
+    ReadInputFile(fileName);
+    Parse();
+}
+
+void CXmlDocument::ReadInputFile(const wchar_t* fileName) {
     const wchar_t* name = fileName ? fileName : L"";
     std::unique_ptr<FILE, FileCloser> file(std::fopen(UnicodeToMultiByte(name).c_str(), "rt"));
     if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
@@ -116,8 +128,6 @@ void CXmlDocument::Load(const wchar_t* fileName) {
         throw CQxException(
             FormatString(L"Failed to read the contents of the file [%ls] Error [%d]", name, error));
     }
-    file.reset();
-    Parse();
 }
 
 void CXmlDocument::LoadXmlStream(unsigned char* data, unsigned long length) {
@@ -149,6 +159,7 @@ void CXmlDocument::LoadXml(const wchar_t* text) {
         m_input[2 + 2 * i] = static_cast<unsigned char>(text[i] & 0xFF);
         m_input[3 + 2 * i] = static_cast<unsigned char>((text[i] >> 8) & 0xFF);
     }
+    m_inputIsUtf16 = true;
     ParseText(m_input, m_inputLength, true);
 }
 
@@ -172,6 +183,70 @@ void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bo
     reader.Parse(data, length, true);
 }
 
+// ---- JSON --------------------------------------------------------------------------------------
+
+namespace {
+
+// Strict UTF-8: a JSON text that is not valid UTF-8 is refused, not repaired.
+std::wstring DecodeJson(const unsigned char* bytes, unsigned long length) {
+    static const unsigned char kByteOrderMark[] = {0xEF, 0xBB, 0xBF};
+    const unsigned long skipped = length >= 3 && std::memcmp(bytes, kByteOrderMark, 3) == 0 ? 3 : 0;
+    const UTF8* source = bytes + skipped;
+    const UTF8* end = bytes + length;
+    if (!DoesUTF8StrContainAnyCharsLargerThanOneByte(source, length - skipped))
+        return std::wstring(source, end);
+    static_assert(sizeof(wchar_t) == sizeof(UTF32), "wide characters are UTF-32");
+    std::wstring text(length - skipped, L'\0'); // never more characters than bytes
+    UTF32* start = reinterpret_cast<UTF32*>(&text[0]);
+    UTF32* target = start;
+    if (ConvertUTF8toUTF32(&source, end, &target, start + text.size(), strictConversion) != conversionOK)
+        throw CQxValidationException(FormatString(L"Invalid UTF-8 in the JSON text at byte %lu.",
+                                                  static_cast<unsigned long>(source - bytes)),
+                                     std::wstring());
+    text.resize(static_cast<size_t>(target - start));
+    return text;
+}
+
+} // namespace
+
+CBinaryData CXmlDocument::LoadJsonFile(const wchar_t* fileName) {
+    Cleanup();
+    ReadInputFile(fileName);
+    return ParseJson();
+}
+
+CBinaryData CXmlDocument::LoadJsonStream(unsigned char* data, unsigned long length) {
+    Cleanup();
+    if (!data || length == 0) throw CQxException(L"JSON Stream is empty!");
+    if (!MayBeCompressed(data, length))
+        return CJsonTextReader::ConvertJsonToXml(DecodeJson(data, length), *m_context);
+    TakeInput(data, length);
+    return ParseJson();
+}
+
+CBinaryData CXmlDocument::LoadJson(const char* text) {
+    Cleanup();
+    if (!text || !*text) throw CQxException(L"JSON String is empty!");
+    return CJsonTextReader::ConvertJsonToXml(DecodeJson(reinterpret_cast<const unsigned char*>(text),
+                                                        static_cast<unsigned long>(std::strlen(text))),
+                                             *m_context);
+}
+
+CBinaryData CXmlDocument::LoadJson(const wchar_t* text) {
+    Cleanup();
+    if (!text || !*text) throw CQxException(L"JSON String is empty!");
+    return CJsonTextReader::ConvertJsonToXml(text, *m_context);
+}
+
+CBinaryData CXmlDocument::ParseJson() {
+    CQxZip::Decompress(&m_input, &m_inputLength);
+    return ParseJsonText();
+}
+
+CBinaryData CXmlDocument::ParseJsonText() {
+    return CJsonTextReader::ConvertJsonToXml(DecodeJson(m_input, m_inputLength), *m_context);
+}
+
 void CXmlDocument::SetAlias(const std::wstring& alias, const std::wstring& namespaceURI) {
     m_aliases[alias] = namespaceURI;
 }
@@ -187,6 +262,53 @@ std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI)
         if (entry.second == uri) return entry.first;
     }
     return std::wstring();
+}
+
+const internal::CSourceIndex* CXmlDocument::SourceIndex() const {
+    if (!m_store->sourceIndexBuilt) {
+        m_store->sourceIndexBuilt = true;
+        // A callback may have dropped elements that the input still holds.
+        if (!m_elementComplete)
+            m_store->sourceIndex = internal::CSourceIndex::Build(m_documentElement, m_input, m_inputLength,
+                                                                 m_inputIsUtf16, m_schemaType != stNoNamespaces);
+    }
+    return m_store->sourceIndex.get();
+}
+
+bool CXmlDocument::GetElementPosition(const CXmlElement* element, int& line, int& column) const {
+    const internal::CSourceIndex* index = SourceIndex();
+    const internal::CSourceIndex::Entry* entry = index ? index->Find(element) : nullptr;
+    if (!entry) return false;
+    line = entry->line;
+    column = entry->column;
+    return true;
+}
+
+bool CXmlDocument::LookupNamespaceInScope(const CXmlElement* element, const std::wstring& prefix,
+                                          std::wstring& namespaceURI) const {
+    if (prefix == L"xml") {
+        namespaceURI = L"http://www.w3.org/XML/1998/namespace";
+        return true;
+    }
+    const internal::CSourceIndex* index = SourceIndex();
+    if (!index || !index->Find(element)) {
+        const auto found = m_aliases.find(prefix);
+        if (found == m_aliases.end()) return false;
+        namespaceURI = found->second;
+        return true;
+    }
+    for (; element; element = element->GetParentElement()) {
+        const internal::CSourceIndex::Entry* entry = index->Find(element);
+        if (!entry) continue;
+        for (auto declaration = entry->declarations.rbegin(); declaration != entry->declarations.rend();
+             ++declaration) {
+            if (declaration->first != prefix) continue;
+            namespaceURI = declaration->second;
+            // xmlns="" undeclares the default namespace.
+            return !namespaceURI.empty() || !prefix.empty();
+        }
+    }
+    return false;
 }
 
 CXmlElement* CXmlDocument::OpenElement(const std::wstring& namespaceURI, const std::wstring& localName) {

@@ -6,8 +6,6 @@
 namespace QxXmlLib16 {
 
 namespace {
-const size_t kFlushThreshold = 4096;
-
 // Characters that escaping may change, by code; everything else is copied in runs.
 struct EscapeTable {
     bool special[128] = {};
@@ -26,66 +24,19 @@ const wchar_t kCDataStart[] = L"<![CDATA[";
 } // namespace
 
 CXmlTextWriter::CXmlTextWriter(CTextStream& stream)
-    : CXmlWriter(L"CXmlTextWriter")
+    : CTextWriterBase(L"CXmlTextWriter", stream)
     , m_writeDefaultElementValues(false)
-    , m_indentChars(L"\t")
-    , m_eol(L"\n")
-    , m_eolType(eolLF)
-    , m_format(true)
-    , m_stream(stream)
     , m_rootStarted(false) {}
 
 CXmlTextWriter::~CXmlTextWriter() = default;
-
-void CXmlTextWriter::Open() {
-    CXmlWriter::Open();
-    m_stream.Open();
-}
-
-void CXmlTextWriter::Close() {
-    m_stream.Close();
-    CXmlWriter::Close();
-}
-
-void CXmlTextWriter::SetEOLType(EOLType type) {
-    if (type != eolCRLF && type != eolLF) throw CQxException(L"Invalid EOL type.");
-    m_eolType = type;
-    m_eol = type == eolCRLF ? L"\r\n" : L"\n";
-}
-
-void CXmlTextWriter::SetIndentChars(const wchar_t* indent) {
-    m_indentChars = indent ? indent : L"";
-    m_indentRun.clear();
-}
-
-void CXmlTextWriter::FlushIfFull() {
-    if (m_stream.GetLength() >= kFlushThreshold) m_stream.Flush();
-}
-
-void CXmlTextWriter::WriteEol() {
-    m_stream.Append(m_eol);
-}
-
-void CXmlTextWriter::WriteIndent(int depth) {
-    const size_t length = static_cast<size_t>(depth) * m_indentChars.size();
-    while (m_indentRun.size() < length)
-        m_indentRun += m_indentChars;
-    m_stream.Append(m_indentRun.data(), length);
-}
 
 void CXmlTextWriter::PadAndAppend(const wchar_t* text, bool inAttribute) {
     if (text) Escape(text, std::wcslen(text), inAttribute);
 }
 
 void CXmlTextWriter::Escape(const wchar_t* text, size_t length, bool inAttribute) {
-    const wchar_t* end = text + length;
-    while (text < end) {
-        const wchar_t* run = text;
-        while (text < end && !IsSpecial(*text))
-            ++text;
-        if (text > run) m_stream.Append(run, text - run);
-        if (text == end) break;
-        switch (*text++) {
+    AppendEscaped(text, length, IsSpecial, [&](wchar_t c) {
+        switch (c) {
         case L'&':
             m_stream.Append(L"&amp;", 5);
             break;
@@ -110,7 +61,7 @@ void CXmlTextWriter::Escape(const wchar_t* text, size_t length, bool inAttribute
         default: // carriage return
             break;
         }
-    }
+    });
 }
 
 void CXmlTextWriter::WriteStartDocument() {
@@ -133,7 +84,7 @@ void CXmlTextWriter::WriteHeaderDirective(const std::wstring& text) {
 
 void CXmlTextWriter::WriteRawElement(const std::wstring& text) {
     m_stream.Append(text);
-    if (m_format) WriteEol();
+    if (GetFormat()) WriteEol();
 }
 
 void CXmlTextWriter::WriteComment(const std::wstring& text) {
@@ -166,7 +117,7 @@ void CXmlTextWriter::CloseParentElm() {
     if (parent->IsStartTagOpen()) {
         m_stream.Append(L'>');
         parent->SetStartTagOpen(false);
-        if (m_format) WriteEol();
+        if (GetFormat()) WriteEol();
     }
 }
 
@@ -183,7 +134,7 @@ void CXmlTextWriter::WriteStartElement(const std::wstring& localName, const std:
     m_rootStarted = true;
     CXmlWriterContext& context = PushContext(localName, namespaceURI);
     const size_t depth = static_cast<size_t>(context.GetDepth());
-    if (m_format) WriteIndent(context.GetDepth());
+    if (GetFormat()) WriteIndent(context.GetDepth());
     if (m_endTags.size() <= depth) m_endTags.resize(depth + 1);
     std::wstring& endTag = m_endTags[depth];
     endTag.assign(L"</", 2);
@@ -274,10 +225,10 @@ void CXmlTextWriter::WriteEndElement() {
     if (context->IsStartTagOpen()) {
         m_stream.Append(L"/>", 2);
     } else {
-        if (m_format && context->GetChildCount() > 0) WriteIndent(context->GetDepth());
+        if (GetFormat() && context->GetChildCount() > 0) WriteIndent(context->GetDepth());
         m_stream.Append(m_endTags[static_cast<size_t>(context->GetDepth())]);
     }
-    if (m_format) WriteEol();
+    if (GetFormat()) WriteEol();
     PopContext();
     FlushIfFull();
 }

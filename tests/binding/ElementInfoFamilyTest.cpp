@@ -1,17 +1,19 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/QxXmlLib16.h>
-#include <QxXmlLib16/foundation/TextStream.h>
 #include <QxXmlLib16/collections/XmlCollection.h>
+#include <QxXmlLib16/collections/PrimitiveCol.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
-#include <QxXmlLib16/collections/i4Col.h>
 
 #include "binding/support/FamilyFixtures.h"
 #include "foundation/support/MessageOf.h"
 
 #include <gtest/gtest.h>
+
+#include <type_traits>
 
 using namespace QxXmlLib16;
 using namespace QxXmlLib16Data;
@@ -290,3 +292,14 @@ TEST(FamilyKnownClass, InlineCollectionPutsTheAttributesOfItsItemsOnTheParent) {
     EXPECT_EQ(L"<p id=\"2\"/>", WriteAttributesOn(inline_, object));
     EXPECT_EQ(L"<p/>", WriteAttributesOn(ownElement, object));
 }
+
+// The class tree generated code and casts rely on: repeated members of a kind are their group's
+// plain collection member, and an enumeration collection in an all-group cannot be made.
+static_assert(std::is_base_of<CElementInfoSeqCol, CElementInfoSeqUntpdCol>::value);
+static_assert(std::is_base_of<CElementInfoChoiceCol, CElementInfoChoiceClsCol>::value);
+static_assert(std::is_base_of<CElementInfoAllCol, CElementInfoAllAbsClsCol>::value);
+static_assert(!std::is_base_of<CElementInfoAllCol, CElementInfoAllEnumCol>::value);
+static_assert(std::is_abstract<CElementInfoAllEnumCol>::value);
+static_assert(!std::is_constructible<CElementInfoChoiceClsOpt, const wchar_t*, const wchar_t*, int,
+                                     XmlElementType, ClassFactoryFunction, int, bool>::value,
+              "only mandatory class members take the required-content flag");

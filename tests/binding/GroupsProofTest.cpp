@@ -1,4 +1,5 @@
 #include "binding/support/GroupsSchema.h"
+#include "binding/support/ProofDocuments.h"
 #include "binding/support/Xmllint.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
@@ -7,44 +8,11 @@
 
 using namespace QxXmlLib16;
 using namespace GroupsSchema;
+using namespace ProofDocuments;
 
 namespace {
 
 const char* const kSchema = "groups.xsd";
-
-const std::wstring kPicks = L"<pick><item id=\"1\"/></pick>"
-                            L"<pick><shape xsi:type=\"Circle\" colour=\"red\" radius=\"2\"/></pick>"
-                            L"<pick><count>5</count></pick>"
-                            L"<pick><colour>blue</colour></pick>"
-                            L"<pick><o:thing>x</o:thing></pick>";
-// The all group in reverse schema order.
-const std::wstring kBag = L"<bag><more>m</more><tint>green</tint><note>n</note>"
-                          L"<figure xsi:type=\"Square\" side=\"3\"/><spare id=\"2\"/><extra>e</extra>"
-                          L"<colour>green</colour><count>7</count><shape xsi:type=\"Square\" side=\"4\"/>"
-                          L"<item id=\"3\"/></bag>";
-const std::wstring kMain = L"<main xsi:type=\"Circle\" radius=\"1.5\"/>";
-// Repeated members after the mandatory ones: abstract figures, one palette per repeated alternative,
-// and a label holding the Stamp group, whose attribute stands on the label itself.
-const std::wstring kTail = L"<figure xsi:type=\"Circle\" radius=\"1\"/>"
-                           L"<figure xsi:type=\"Square\" colour=\"blue\" side=\"2\"/>"
-                           L"<palette><item id=\"4\"/><item id=\"5\"/></palette>"
-                           L"<palette><colour>red</colour><colour>green</colour></palette>"
-                           L"<palette><count>1</count><note>two</note><count>3</count></palette>"
-                           L"<palette><shape xsi:type=\"Square\" side=\"5\"/>"
-                           L"<shape xsi:type=\"Circle\" radius=\"6\"/></palette>"
-                           L"<palette><size>1.25</size><size>2</size></palette>"
-                           L"<palette><o:a/><o:b>x</o:b></palette>"
-                           L"<label signed=\"true\"><text>t</text><by>me</by></label>"
-                           L"<note>after</note><count>8</count>";
-
-const wchar_t* const kNamespaces =
-    L"xmlns=\"urn:qx:test:groups\" "
-    L"xmlns:xsi=\"http://www.w3.org/2001/XMLSchema-instance\" xmlns:o=\"urn:other\"";
-
-std::wstring Document(const std::wstring& picks = kPicks, const std::wstring& bag = kBag,
-                      const std::wstring& tail = kTail) {
-    return std::wstring(L"<groups ") + kNamespaces + L">" + picks + bag + kMain + tail + L"</groups>";
-}
 
 std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
     text.replace(text.find(from), from.size(), to);
@@ -85,7 +53,7 @@ Failure LoadFailure(const std::wstring& document,
 }
 
 TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
-    const std::wstring document = Document();
+    const std::wstring document = Groups();
     ASSERT_TRUE(ValidateWithXmllint(document, kSchema).valid);
 
     CSmartPtr<CGroups> groups(new CGroups());
@@ -131,7 +99,7 @@ TEST(GroupsProof, EveryContentKindLoadsAndWritesBackValid) {
 // Each palette takes one alternative, which repeats; the others stay empty.
 TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->FromXml(Document().c_str());
+    groups->FromXml(Groups().c_str());
     const auto& palettes = *groups->GetPalettes();
     ASSERT_EQ(6, palettes.GetCount());
     const CItemCol& items = *palettes.Item(0)->GetItems();
@@ -193,7 +161,7 @@ TEST(GroupsProof, RepeatedAlternativesOfAChoiceRoundTrip) {
 // The group's attribute is written on, and read from, the element of the class that holds the group.
 TEST(GroupsProof, InlineGroupAttributesStandOnTheParent) {
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->FromXml(Document().c_str());
+    groups->FromXml(Groups().c_str());
     const CLabel* label = groups->GetLabel();
     ASSERT_NE(nullptr, label);
     EXPECT_EQ(L"t", label->GetText());
@@ -214,7 +182,7 @@ TEST(GroupsProof, InlineGroupAttributesStandOnTheParent) {
 TEST(GroupsProof, OptionalAllMembersMayBeAbsent) {
     const std::wstring bag = L"<bag><extra/><count>0</count><item id=\"1\"/><colour>red</colour>"
                              L"<shape xsi:type=\"Circle\" radius=\"1\"/></bag>";
-    const std::wstring document = Document(L"<pick><count>1</count></pick>", bag, L"");
+    const std::wstring document = Groups(L"<pick><count>1</count></pick>", bag, L"");
     ASSERT_TRUE(ValidateWithXmllint(document, kSchema).valid);
     CSmartPtr<CGroups> groups(new CGroups());
     groups->FromXml(document.c_str());
@@ -240,7 +208,7 @@ TEST(GroupsProof, AbstractElementNeedsAKnownDerivedType) {
     ASSERT_EQ(1, again->GetFigures()->GetCount());
     EXPECT_NE(nullptr, dynamic_cast<const CSquare*>(again->GetFigures()->Item(0)));
 
-    const std::wstring untyped = Replace(Document(), kMain, L"<main radius=\"1\"/>");
+    const std::wstring untyped = Replace(Groups(), kGroupsMain, L"<main radius=\"1\"/>");
     EXPECT_FALSE(ValidateWithXmllint(untyped, kSchema).valid);
     EXPECT_EQ(L"Failed to find a suitable substitution element for [main].", LoadFailure(untyped).message);
 }
@@ -252,10 +220,10 @@ struct InvalidCase {
     std::wstring path;
 };
 
-const std::wstring kEmptyPick = Replace(Document(), L"<pick><count>5</count></pick>", L"<pick/>");
+const std::wstring kEmptyPick = Replace(Groups(), L"<pick><count>5</count></pick>", L"<pick/>");
 const std::wstring kTwoAlternatives =
-    Replace(Document(), L"<count>5</count>", L"<count>5</count><colour>red</colour>");
-const std::wstring kBagWithoutCount = Replace(Document(), L"<count>7</count>", L"");
+    Replace(Groups(), L"<count>5</count>", L"<count>5</count><colour>red</colour>");
+const std::wstring kBagWithoutCount = Replace(Groups(), L"<count>7</count>", L"");
 
 std::vector<InvalidCase> InvalidCases() {
     return {
@@ -271,53 +239,52 @@ std::vector<InvalidCase> InvalidCases() {
          L"/groups/pick[3]"},
         {"AllMemberMissing", kBagWithoutCount, L"Failed to find the mandatory element [count].",
          L"/groups/bag"},
-        {"AllMemberTwice", Replace(Document(), L"<note>n</note>", L"<note>n</note><note>m</note>"),
+        {"AllMemberTwice", Replace(Groups(), L"<note>n</note>", L"<note>n</note><note>m</note>"),
          L"Failed read all the elements held within the element [bag]. The unexpected element [note] remains "
          L"un processed",
          L"/groups/bag"},
-        {"ChoiceFacet", Replace(Document(), L"<count>5</count>", L"<count>100</count>"),
+        {"ChoiceFacet", Replace(Groups(), L"<count>5</count>", L"<count>100</count>"),
          L"Invalid Value for count [100]", L"/groups/pick[3]/count"},
-        {"ChoiceUnknownEnumeration", Replace(Document(), L"<colour>blue</colour>", L"<colour>pink</colour>"),
+        {"ChoiceUnknownEnumeration", Replace(Groups(), L"<colour>blue</colour>", L"<colour>pink</colour>"),
          L"The value [pink] is not a valid Colour", L"/groups/pick[4]/colour"},
-        {"ChoiceTextNotANumber", Replace(Document(), L"<count>5</count>", L"<count>five</count>"),
+        {"ChoiceTextNotANumber", Replace(Groups(), L"<count>5</count>", L"<count>five</count>"),
          L"The value [five] can not be converted to a i4", L"/groups/pick[3]/count"},
-        {"AttributeUnknownEnumeration", Replace(Document(), L"colour=\"blue\"", L"colour=\"pink\""),
+        {"AttributeUnknownEnumeration", Replace(Groups(), L"colour=\"blue\"", L"colour=\"pink\""),
          L"The value [pink] is not a valid Colour", L"/groups/figure[2]/@colour"},
-        {"AttributeTextNotANumber", Replace(Document(), L"id=\"2\"", L"id=\"two\""),
+        {"AttributeTextNotANumber", Replace(Groups(), L"id=\"2\"", L"id=\"two\""),
          L"The value [two] can not be converted to a i4", L"/groups/bag/spare/@id"},
-        {"ChoiceCollectionTooShort", Replace(Document(), L"<colour>green</colour></palette>", L"</palette>"),
+        {"ChoiceCollectionTooShort", Replace(Groups(), L"<colour>green</colour></palette>", L"</palette>"),
          L"The Minimum number of [colour] elements allowed in this collection is 2", L"/groups/palette[2]"},
         {"ChoiceCollectionTooLong",
-         Replace(Document(), L"<colour>red</colour><colour>green</colour>",
+         Replace(Groups(), L"<colour>red</colour><colour>green</colour>",
                  L"<colour>red</colour><colour>green</colour><colour>red</colour><colour>blue</colour>"),
          L"The Maximum number of [colour] elements allowed in this collection is 3", L"/groups/palette[2]"},
-        {"ChoiceCollectionThenAnother", Replace(Document(), L"<item id=\"5\"/>", L"<count>5</count>"),
+        {"ChoiceCollectionThenAnother", Replace(Groups(), L"<item id=\"5\"/>", L"<count>5</count>"),
          L"Failed read all the elements held within the element [palette]. The unexpected element [count] "
          L"remains un processed",
          L"/groups/palette[1]"},
-        {"RepeatedChoiceThenAnother", Replace(Document(), L"<count>3</count>", L"<colour>red</colour>"),
+        {"RepeatedChoiceThenAnother", Replace(Groups(), L"<count>3</count>", L"<colour>red</colour>"),
          L"Failed read all the elements held within the element [palette]. The unexpected element [colour] "
          L"remains un processed",
          L"/groups/palette[3]"},
-        {"RepeatedChoiceFacet", Replace(Document(), L"<count>3</count>", L"<count>-3</count>"),
+        {"RepeatedChoiceFacet", Replace(Groups(), L"<count>3</count>", L"<count>-3</count>"),
          L"Invalid Value for count [-3]", L"/groups/palette[3]/count[2]"},
         {"ChoiceSizesTooMany",
-         Replace(Document(), L"<size>2</size>", L"<size>2</size><size>3</size><size>4</size><size>5</size>"),
+         Replace(Groups(), L"<size>2</size>", L"<size>2</size><size>3</size><size>4</size><size>5</size>"),
          L"The Maximum number of [size] elements allowed in this collection is 4", L"/groups/palette[5]"},
-        {"ChoiceSizesThenWildcard", Replace(Document(), L"<size>2</size>", L"<size>2</size><o:z/>"),
+        {"ChoiceSizesThenWildcard", Replace(Groups(), L"<size>2</size>", L"<size>2</size><o:z/>"),
          L"Failed read all the elements held within the element [palette]. The unexpected element [z] "
          L"remains un processed",
          L"/groups/palette[5]"},
-        {"SequenceRepeatedChoiceThenAnother",
-         Replace(Document(), L"<count>8</count>", L"<colour>red</colour>"),
+        {"SequenceRepeatedChoiceThenAnother", Replace(Groups(), L"<count>8</count>", L"<colour>red</colour>"),
          L"Failed read all the elements held within the element [groups]. The unexpected element [colour] "
          L"remains un processed",
          L"/groups"},
-        {"AbstractCollectionWithoutType", Replace(Document(), L"<figure xsi:type=\"Circle\"", L"<figure"),
+        {"AbstractCollectionWithoutType", Replace(Groups(), L"<figure xsi:type=\"Circle\"", L"<figure"),
          L"Failed to find a suitable substitution element for [figure].", L"/groups"},
-        {"InlineGroupAttributeMissing", Replace(Document(), L" signed=\"true\"", L""),
+        {"InlineGroupAttributeMissing", Replace(Groups(), L" signed=\"true\"", L""),
          L"Failed to find the required Attribute [signed].", L"/groups/label"},
-        {"InlineGroupContentMissing", Replace(Document(), L"<by>me</by>", L""),
+        {"InlineGroupContentMissing", Replace(Groups(), L"<by>me</by>", L""),
          L"Failed to find the required child element [Stamp].", L"/groups/label"},
     };
 }
@@ -371,7 +338,7 @@ TEST(GroupsProof, EmptyChoiceIsRefusedOnWriting) {
 
 // A crate is an all group of repeated members, which XML Schema 1.0 cannot express: no xmllint here.
 std::wstring Crate(const std::wstring& content) {
-    return std::wstring(L"<crate ") + kNamespaces + L">" + content + L"</crate>";
+    return std::wstring(L"<crate ") + kGroupsNamespaces + L">" + content + L"</crate>";
 }
 
 const std::wstring kCrate = L"<count>1</count><item id=\"1\"/><o:x/><shape xsi:type=\"Circle\" radius=\"1\"/>"

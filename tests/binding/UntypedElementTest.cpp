@@ -119,8 +119,7 @@ TEST(UntypedReading, InappropriateAttributeStopsReading) {
     CXmlElement* root = document.GetDocumentElement();
     const CSmartPtr<CAttributeCol> attributes(new CAttributeCol(L"", L"##local", L""));
     const UntypedFailure failure = FailureOf([&] {
-        CXmlObjectBase::FromXml_Int(attributes.Get(), root, nullptr, CSerializationContext::m_defaultContext,
-                                    false);
+        CXmlObjectBase::FromXml_Int(attributes.Get(), root, nullptr, CSerializationContext::m_defaultContext);
     });
     EXPECT_EQ(failure,
               (UntypedFailure{L"Invalid Attribute [b]. The attributes namespace is Inappropriate.", L"/e"}));
@@ -136,7 +135,7 @@ TEST(UntypedReading, CollectionStopsAtTheFirstElementItDoesNotTake) {
 
     const CSmartPtr<CElementCol> byRule(new CElementCol(L"", L"urn:a", L"", 0, -1));
     CXmlElement* stop =
-        CXmlObjectBase::FromXml_Int(byRule.Get(), root, root->GetFirstElement(), context, false);
+        CXmlObjectBase::FromXml_Int(byRule.Get(), root, root->GetFirstElement(), context);
     ASSERT_NE(stop, nullptr);
     EXPECT_EQ(stop->GetLocalName(), L"z");
     ASSERT_EQ(byRule->GetCount(), 2);
@@ -150,7 +149,7 @@ TEST(UntypedReading, CollectionStopsAtTheFirstElementItDoesNotTake) {
     EXPECT_EQ(byName->Item(0)->GetNamespaceRestriction(), L"##any");
 
     const CSmartPtr<CElementCol> all(new CElementCol(L"", L"##any", L"", 0, -1));
-    EXPECT_EQ(CXmlObjectBase::FromXml_Int(all.Get(), root, root->GetFirstElement(), context, false), nullptr);
+    EXPECT_EQ(CXmlObjectBase::FromXml_Int(all.Get(), root, root->GetFirstElement(), context), nullptr);
     EXPECT_EQ(all->GetCount(), 4);
 }
 
@@ -158,7 +157,7 @@ TEST(UntypedReading, AttributeIsReadOnlyThroughItsCollection) {
     const CSmartPtr<CAttribute> attribute(new CAttribute(L"a", L"1", L""));
     EXPECT_EQ(FailureOf([&] {
                   CXmlObjectBase::FromXml_Int(attribute.Get(), nullptr, nullptr,
-                                              CSerializationContext::m_defaultContext, false);
+                                              CSerializationContext::m_defaultContext);
               }).message,
               L"This should be done by the collection");
 }

@@ -1,7 +1,7 @@
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
 #include <QxXmlLib16/foundation/SmartPtr.h>
-#include <QxXmlLib16/collections/i4Col.h>
+#include <QxXmlLib16/collections/PrimitiveCol.h>
 
 #include "collections/support/Recorders.h"
 #include "foundation/support/MessageOf.h"

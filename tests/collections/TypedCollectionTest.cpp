@@ -9,31 +9,7 @@
 #include <QxXmlLib16/foundation/SmartPtr.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
-#include <QxXmlLib16/collections/base64BinaryCol.h>
-#include <QxXmlLib16/collections/booleanCol.h>
-#include <QxXmlLib16/collections/dateCol.h>
-#include <QxXmlLib16/collections/datetimeCol.h>
-#include <QxXmlLib16/collections/dayCol.h>
-#include <QxXmlLib16/collections/decimalCol.h>
-#include <QxXmlLib16/collections/durationCol.h>
-#include <QxXmlLib16/collections/hexBinaryCol.h>
-#include <QxXmlLib16/collections/i1Col.h>
-#include <QxXmlLib16/collections/i2Col.h>
-#include <QxXmlLib16/collections/i4Col.h>
-#include <QxXmlLib16/collections/i8Col.h>
-#include <QxXmlLib16/collections/integerCol.h>
-#include <QxXmlLib16/collections/monthCol.h>
-#include <QxXmlLib16/collections/monthDayCol.h>
-#include <QxXmlLib16/collections/r4Col.h>
-#include <QxXmlLib16/collections/r8Col.h>
-#include <QxXmlLib16/collections/stringCol.h>
-#include <QxXmlLib16/collections/timeCol.h>
-#include <QxXmlLib16/collections/ui1Col.h>
-#include <QxXmlLib16/collections/ui2Col.h>
-#include <QxXmlLib16/collections/ui4Col.h>
-#include <QxXmlLib16/collections/ui8Col.h>
-#include <QxXmlLib16/collections/yearCol.h>
-#include <QxXmlLib16/collections/yearMonthCol.h>
+#include <QxXmlLib16/collections/PrimitiveCol.h>
 
 #include "collections/support/Recorders.h"
 #include "foundation/support/MessageOf.h"
@@ -134,7 +110,7 @@ TYPED_TEST(TypedCollection, ReadsConsecutiveSiblingsAndWritesThemBack) {
     CXmlElement* root = document.GetDocumentElement();
 
     CXmlElement* stop =
-        CXmlObjectBase::FromXml_Int(this->col.Get(), root, root->GetFirstElement(), kDefault, false);
+        CXmlObjectBase::FromXml_Int(this->col.Get(), root, root->GetFirstElement(), kDefault);
     ASSERT_NE(nullptr, stop);
     EXPECT_EQ(L"b", stop->GetLocalName());
     ASSERT_EQ(2, this->col->GetCount());
@@ -220,7 +196,7 @@ TEST(TypedCollectionFacets, ReadingStopsAtTheFirstRefusedValueAndNamesItsElement
     document.LoadXml(L"<r><a>ab</a><a>abcd</a><a>c</a></r>");
     CXmlElement* root = document.GetDocumentElement();
     try {
-        CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault, false);
+        CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault);
         ADD_FAILURE() << "the long value was taken";
     } catch (const CQxValidationException& e) {
         EXPECT_EQ(L"/r/a[2]", e.GetPath());
@@ -272,7 +248,7 @@ TEST(TypeCollectionReading, MatchesNamespacesUnlessTheyAreIgnored) {
     document.LoadXml(L"<r xmlns:p='urn:p'><a>1</a><p:a>2</p:a><a>3</a></r>");
     CXmlElement* root = document.GetDocumentElement();
     CSmartPtr<Ci4Col> col = MakeCol<Ci4Col>();
-    EXPECT_EQ(L"urn:p", CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault, false)
+    EXPECT_EQ(L"urn:p", CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), kDefault)
                             ->GetNamespaceURI());
     EXPECT_EQ(1, col->GetCount());
 
@@ -280,7 +256,7 @@ TEST(TypeCollectionReading, MatchesNamespacesUnlessTheyAreIgnored) {
     ignoring.SetIgnoreNamespaces(true);
     col->Clear();
     EXPECT_EQ(nullptr,
-              CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), ignoring, false));
+              CXmlObjectBase::FromXml_Int(col.Get(), root, root->GetFirstElement(), ignoring));
     EXPECT_EQ(3, col->GetCount());
-    EXPECT_EQ(nullptr, CXmlObjectBase::FromXml_Int(col.Get(), root, nullptr, kDefault, false));
+    EXPECT_EQ(nullptr, CXmlObjectBase::FromXml_Int(col.Get(), root, nullptr, kDefault));
 }

@@ -64,38 +64,6 @@ TEST(NarrowText, MultiByteUpperCaseAndFileLength) {
     EXPECT_EQ(_filelength(nullptr), -1);
 }
 
-TEST(TestRegEx, TranslatesSchemaEscapesAndAnchorsBothEnds) {
-    struct Case {
-        const char* pattern;
-        const wchar_t* value;
-        bool matches;
-    };
-    const Case cases[] = {
-        {"\\i\\c*", L"x1", true},
-        {"\\i\\c*", L"1x", false},
-        {"\\i\\c*", L"a:b.c-d", true},
-        {"[a-z]+", L"abc1", false}, // extra text after a match
-        {"[a-z]+", L"1abc", false},
-        {"\\d{3}", L"123", true},
-        {"a\\\\i", L"a\\i", true}, // an escaped backslash is not the start of \i
-        {"\\p{IsBasicLatin}+", L"abc", true},
-        {"\\p{IsLatin-1Supplement}", L"\u00e9", true},
-        {"\\p{IsLatin-1Supplement}", L"e", false},
-        {"caf\xc3\xa9", L"caf\u00e9", true}, // UTF-8 pattern against a wide value
-        {"a|b", L"b", true},
-        {"x*", L"", true},
-    };
-    for (const Case& c : cases)
-        EXPECT_EQ(TestRegEx(c.pattern, c.value), c.matches) << c.pattern;
-}
-
-TEST(TestRegEx, PatternThatDoesNotCompileNamesItself) {
-    const std::wstring message = MessageOf<CQxException>([] { TestRegEx("[a-", L"a"); });
-    const std::wstring prefix = L"Invalid Regular Expression: [a- Error: '";
-    EXPECT_EQ(message.substr(0, prefix.size()), prefix);
-    EXPECT_EQ(message.back(), L'\'');
-}
-
 TEST(Whitespace, RulesNormaliseLineEndsAndBlanks) {
     struct Case {
         CWhitespaceUtils::WhitespaceRule rule;

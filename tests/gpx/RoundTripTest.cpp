@@ -71,6 +71,29 @@ TEST(Generated, RoundTripsValidAndUnchanged) {
     ExpectRoundTrip("generated.gpx", "generated");
 }
 
+// Foreign content nested a million levels deep, as a 7 MB hostile file holds it, loads into the
+// bindings and is written back whole (without indentation, which would grow with the square of the
+// depth).
+TEST(DeepExtensions, MillionLevelsLoadAndWriteBack) {
+    const int depth = 1000000;
+    std::string xml = "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.1' creator='deep'>"
+                      "<extensions><a xmlns='urn:x'>";
+    for (int i = 1; i < depth; ++i)
+        xml += "<a>";
+    xml += "leaf";
+    for (int i = 0; i < depth; ++i)
+        xml += "</a>";
+    xml += "</extensions></gpx>";
+    const CSmartPtr<Gpx::CGpx> gpx(new Gpx::CGpx);
+    gpx->FromXml(xml.c_str());
+    CSerializationContext context;
+    context.SetDefaultNamespaceURI(Gpx::kNamespace);
+    CXmlDocument original, written;
+    original.LoadXml(xml.c_str());
+    written.LoadXml(gpx->ToXml(false, false, eolLF, context).c_str());
+    EXPECT_EQ(InfosetDifference(*original.GetDocumentElement(), *written.GetDocumentElement()), L"");
+}
+
 // A strict loader refuses both real exports that break the schema, and says where: the element out
 // of order, within the XPath of its parent.
 TEST(InvalidFile, RefusedWithThePathOfTheOffendingNode) {

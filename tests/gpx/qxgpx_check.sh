@@ -25,6 +25,10 @@ status=$?
 [ $status -ne 0 ] || fail "an invalid document was accepted"
 grep -q 'unexpected element \[ele\] remains un processed' stderr.txt && grep -q 'Path: /gpx/trk/trkseg/trkpt\[1\]' stderr.txt || fail "no XPath on stderr: $(cat stderr.txt)"
 "$qxgpx" missing.gpx >/dev/null 2>&1 && fail "a missing file was accepted"
+python3 -c 'n = 1000000
+print("<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"deep\"><extensions>"
+      "<a xmlns=\"urn:x\">" + "<a>" * (n - 1) + "</a>" * n + "</extensions></gpx>")' >deep.gpx
+"$qxgpx" deep.gpx >/dev/null 2>stderr.txt || fail "foreign content a million levels deep: $(cat stderr.txt)"
 "$qxgpx" --bogus >/dev/null 2>&1; [ $? -eq 2 ] || fail "an unknown option was accepted"
 
 rm -f sample.out.gpx sample.out.gpx.gz
@@ -35,6 +39,23 @@ xmllint --noout --schema "$shared/gpx.xsd" sample.out.gpx 2>/dev/null || fail "w
 "$qxgpx" --gzip --out sample.out.gpx.gz >/dev/null || fail "--gzip failed"
 cmp -s <(gzip -dc sample.out.gpx.gz) sample.out.gpx || fail "the gzip output holds other text"
 [ "$("$qxgpx" sample.out.gpx.gz)" = "$summary" ] || fail "the compressed copy reads otherwise"
+
+# JSON: written as every JSON tool reads it, read back by name or by --in-format, compressed too.
+rm -f sample.out.json sample.out.json.gz from-json.gpx
+"$qxgpx" --format json --out sample.out.json >/dev/null || fail "--format json failed"
+python3 -c 'import json, sys; json.load(open(sys.argv[1], encoding="utf-8"))' sample.out.json ||
+    fail "Python does not read the JSON"
+[ "$("$qxgpx" sample.out.json)" = "$summary" ] || fail "the JSON reads otherwise"
+"$qxgpx" --in-format json --out from-json.gpx sample.out.json >/dev/null || fail "--in-format json failed"
+xmllint --noout --schema "$shared/gpx.xsd" from-json.gpx 2>/dev/null || fail "XML from JSON is invalid"
+cmp -s from-json.gpx sample.out.gpx || fail "XML from JSON differs from XML from XML"
+"$qxgpx" --format json --gzip --out sample.out.json.gz >/dev/null || fail "--format json --gzip failed"
+[ "$("$qxgpx" --in-format json sample.out.json.gz)" = "$summary" ] || fail "the compressed JSON reads otherwise"
+printf '{"gpx": {"@version": "1.1", "@creator": "x",\n "wpt": [{"@lat": 1, "@lon": }]}}' >bad.json
+"$qxgpx" bad.json >/dev/null 2>stderr.txt && fail "bad JSON was accepted"
+grep -q "found '}' at line 2, position 30" stderr.txt && grep -q 'Path: .gpx.wpt.wpt\[0\].@lon' stderr.txt ||
+    fail "no position or path for bad JSON: $(cat stderr.txt)"
+"$qxgpx" --format yaml >/dev/null 2>&1; [ $? -eq 2 ] || fail "an unknown format was accepted"
 
 [ $failures -eq 0 ] && echo "qxgpx ok"
 exit $failures

@@ -9,7 +9,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <string>
+#include <tuple>
+#include <vector>
 #include <unistd.h>
 
 using namespace QxXmlLib16;
@@ -278,4 +281,96 @@ TEST(XmlDocumentDepth, MillionLevelsLoadPathAndFreeWithoutRecursion) {
         deepest = deepest->GetFirstElement();
     EXPECT_EQ(L"x", deepest->GetText());
     EXPECT_EQ(static_cast<size_t>(depth) * 2, deepest->GetXPath().size());
+}
+
+namespace {
+
+const char kPositioned[] = "<?xml version='1.0'?>\n"
+                           "<a xmlns='urn:d' xmlns:p='urn:p'>\n"
+                           "  <b><p:c xmlns:p='urn:q'/></b>\n"
+                           "\t<d xmlns=''>\xC3\xA9<e/></d>\n"
+                           "</a>\n";
+
+// Every element of the tree in document order with the line and column its start tag begins at.
+std::vector<std::tuple<std::wstring, int, int>> Positions(const CXmlDocument& document) {
+    std::vector<std::tuple<std::wstring, int, int>> found;
+    std::vector<CXmlElement*> pending{document.GetDocumentElement()};
+    while (!pending.empty()) {
+        CXmlElement* element = pending.back();
+        pending.pop_back();
+        int line = 0, column = 0;
+        if (document.GetElementPosition(element, line, column))
+            found.emplace_back(element->GetLocalName(), line, column);
+        std::vector<CXmlElement*> children;
+        for (CXmlElement* child = element->GetFirstElement(); child; child = child->GetNextSiblingElement())
+            children.insert(children.begin(), child);
+        pending.insert(pending.end(), children.begin(), children.end());
+    }
+    return found;
+}
+
+const std::vector<std::tuple<std::wstring, int, int>> kExpectedPositions = {
+    {L"a", 2, 1}, {L"b", 3, 3}, {L"c", 3, 6}, {L"d", 4, 2}, {L"e", 4, 15}};
+
+} // namespace
+
+// The document keeps its input for files, compressed streams and wide text; positions come from it.
+TEST(XmlDocumentPositions, FoundForEveryKeptInput) {
+    const std::string text = kPositioned;
+    TempFile file(text);
+    CBinaryData compressed(reinterpret_cast<unsigned char*>(const_cast<char*>(text.data())),
+                           static_cast<unsigned long>(text.size()), false);
+    CQxZip::CompressData(compressed, ctGzip);
+    std::wstring wide;
+    for (size_t i = 0; i < text.size(); ++i)
+        wide += text[i] == '\xC3' ? (++i, L'\u00E9') : static_cast<wchar_t>(text[i]);
+    const std::vector<std::pair<const char*, std::function<void(CXmlDocument&)>>> loads = {
+        {"file", [&](CXmlDocument& d) { d.Load(file.Name().c_str()); }},
+        {"gzip stream", [&](CXmlDocument& d) { d.LoadXmlStream(const_cast<unsigned char*>(compressed.GetData()), compressed.GetLength()); }},
+        {"wide text", [&](CXmlDocument& d) { d.LoadXml(wide.c_str()); }},
+    };
+    for (const auto& load : loads) {
+        CXmlDocument document;
+        load.second(document);
+        EXPECT_EQ(kExpectedPositions, Positions(document)) << load.first;
+    }
+}
+
+TEST(XmlDocumentPositions, UnknownWhereNoInputIsKept) {
+    CXmlDocument inPlace;
+    inPlace.LoadXml(kPositioned);
+    EXPECT_TRUE(Positions(inPlace).empty());
+
+    CXmlDocument changed;
+    changed.LoadXml(L"<a>\n<b><c/></b></a>");
+    delete changed.GetDocumentElement()->GetFirstElement()->RemoveLastChildElement();
+    EXPECT_TRUE(Positions(changed).empty());
+
+    CXmlDocument other;
+    other.LoadXml(L"<x/>");
+    int line = 0, column = 0;
+    EXPECT_FALSE(other.GetElementPosition(changed.GetDocumentElement(), line, column));
+}
+
+TEST(XmlDocumentPositions, NamespacesInScopeFollowTheDeclarations) {
+    CXmlDocument document;
+    document.LoadXml(std::wstring(kPositioned, kPositioned + sizeof kPositioned - 1).c_str());
+    CXmlElement* a = document.GetDocumentElement();
+    CXmlElement* c = a->GetFirstElement()->GetFirstElement();
+    CXmlElement* e = a->GetFirstElement()->GetNextSiblingElement()->GetFirstElement();
+    struct Case {
+        CXmlElement* element;
+        const wchar_t* prefix;
+        const wchar_t* bound; // null: not bound
+    };
+    for (const Case& test : {Case{a, L"", L"urn:d"}, Case{a, L"p", L"urn:p"}, Case{c, L"p", L"urn:q"},
+                             Case{c, L"", L"urn:d"}, Case{e, L"p", L"urn:p"}, Case{e, L"", nullptr},
+                             Case{e, L"q", nullptr}, Case{e, L"xml", L"http://www.w3.org/XML/1998/namespace"}}) {
+        std::wstring uri;
+        const bool bound = document.LookupNamespaceInScope(test.element, test.prefix, uri);
+        EXPECT_EQ(test.bound != nullptr, bound) << test.element->GetLocalName() << " " << test.prefix;
+        if (test.bound && bound) {
+            EXPECT_EQ(test.bound, uri);
+        }
+    }
 }

@@ -244,3 +244,33 @@ TEST(XmlTextWriterBuffering, FlushesOnceFourThousandNinetySixCharactersWait) {
         EXPECT_LT(length, 4096u + 16);
     }
 }
+
+// The writer keeps one context per open element and no stack frame: a million levels open and
+// close, declarations made at the top stay in force at the bottom, and a writer abandoned with
+// everything open frees it all.
+TEST(XmlTextWriterDepth, MillionLevelsOpenCloseAndAbandon) {
+    const int depth = 1000000;
+    const auto open = [depth](CXmlTextWriter& w) {
+        w.SetFormat(false);
+        for (int i = 0; i < depth; ++i)
+            w.WriteStartElement(L"a", L"urn:a");
+    };
+    const std::wstring text = Written([&](CXmlTextWriter& w) {
+        open(w);
+        w.WriteString(L"x", itString, false);
+        for (int i = 0; i < depth; ++i)
+            w.WriteEndElement();
+    });
+    std::wstring expected = L"<AA:a xmlns:AA=\"urn:a\">";
+    for (int i = 1; i < depth; ++i)
+        expected += L"<AA:a>";
+    expected += L"x";
+    for (int i = 0; i < depth; ++i)
+        expected += L"</AA:a>";
+    EXPECT_TRUE(text == expected) << text.size() << " characters instead of " << expected.size();
+    EXPECT_EQ(ThrownBy([&](CXmlTextWriter& w) {
+                  open(w);
+                  w.Close();
+              }),
+              L"An Element has not been closed.");
+}

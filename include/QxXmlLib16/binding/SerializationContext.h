@@ -81,6 +81,8 @@ public:
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
     // Lets writers skip the additional root attributes without creating the collection.
     bool HasAdditionalRootAttributes() const { return static_cast<bool>(m_additionalRootAttributes); }
+    // The JSON options, created on first use and shared with copies of the context.
+    CJsonContext* GetJsonContext() const;
 
     // The Fast Infoset settings: created on first use, shared with copies of the context.
     CFastInfosetContext* GetFIContext() const;

@@ -8,6 +8,10 @@
 
 #include <string>
 
+namespace QxXmlLib16Data {
+class CElementInfo;
+} // namespace QxXmlLib16Data
+
 namespace QxXmlLib16 {
 
 class CElement;
@@ -158,8 +162,9 @@ public:
     // Let descriptors and collections call the protected serialization operations of other objects.
     static void ToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer, bool isRoot,
                           const wchar_t* namespaceURI, const CSerializationContext& context, bool flag);
+    // Reads with the flag clear; a descriptor that must set it is a friend.
     static CXmlElement* FromXml_Int(CXmlObjectBase* object, CXmlElement* element, CXmlElement* firstChild,
-                                    const CSerializationContext& context, bool flag);
+                                    const CSerializationContext& context);
     static void AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
                                     const CSerializationContext& context);
 
@@ -176,8 +181,14 @@ protected:
     // Returns the element at which reading stopped.
     virtual CXmlElement* FromXml_Int(CXmlElement* element, CXmlElement* firstChild,
                                      const CSerializationContext& context, bool flag) = 0;
+    // Reads the XML text (UTF-8) a JSON document was translated into. Below round-trip level 2 the
+    // context's IgnoreNamespaces is set for the length of the call: the context is changed while
+    // the call runs, so it must not be in use elsewhere at the time.
+    void FromJson_Int(const CBinaryData& xml, const CSerializationContext& context);
 
 private:
+    friend class QxXmlLib16Data::CElementInfo;
+
     long long m_refCount;
     CQXCriticalSection m_refLock;
     std::wstring m_elementName;

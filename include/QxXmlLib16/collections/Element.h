@@ -104,9 +104,18 @@ protected:
 private:
     friend class CElementCol;
 
+    struct COwnWriter;
+
     void CheckNamespaces(const std::wstring& namespaceRule, const std::wstring& targetNamespace) const;
     void ApplyNamespaceRestrictions(const std::wstring& namespaceRule, const std::wstring& targetNamespace);
-    void WriteWithDefaultNamespace(CXmlWriter* writer, const CSerializationContext& context, bool flag) const;
+    // Calls visit on root and each of its descendants in document order.
+    template <class Element, class Visit>
+    static void VisitTree(Element& root, Visit visit);
+    // Makes this element and its descendants from source and its descendants: open fills an element
+    // before its children are made, makeChild(parent, parent's source, child's source) makes the
+    // element of a child (or throws), close finishes an element once its children are in.
+    template <class Open, class MakeChild, class Close>
+    void BuildTree(CXmlElement& source, Open open, MakeChild makeChild, Close close);
     // True for text that is only the indentation between children, on a writer that indents.
     bool IsIndentation(CXmlWriter* writer) const;
     void ReadRoot(CXmlElement* root, const CSerializationContext& context);

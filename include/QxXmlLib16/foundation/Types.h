@@ -69,4 +69,10 @@ enum FInfoDecl : int {
     fidVersion11StandaloneNo = 9,
 };
 
+// How many objects of generated classes may stand one inside the other when they are read or
+// written. Only a schema type that contains itself, directly or through others, gets near it.
+// Everything else (documents, wildcard content, the writers, copying and releasing objects) takes
+// any depth without recursion. Beyond it, reading and writing stop with a CQxValidationException.
+constexpr int kMaxObjectDepth = 256;
+
 } // namespace QxXmlLib16

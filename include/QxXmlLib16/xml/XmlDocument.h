@@ -3,6 +3,7 @@
 #include <QxXmlLib16/foundation/Export.h>
 #include <QxXmlLib16/foundation/InstanceMonitor.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/values/BinaryData.h>
 
 #include <cstddef>
 #include <map>
@@ -17,7 +18,8 @@ class CExpatReader;
 class CFastInfosetReader;
 namespace internal {
 struct CDocumentStore;
-}
+class CSourceIndex;
+} // namespace internal
 
 // Called with each element as soon as its end tag is read. Returning true detaches and destroys the
 // element, so that a caller can consume a huge document piece by piece; never return true for the
@@ -54,6 +56,16 @@ public:
     // low 16 bits). Throws "XML String is empty!" for null or empty text.
     void LoadXml(const wchar_t* text);
 
+    // JSON, translated into XML text, which is returned as UTF-8 for the caller to load; the
+    // document itself is left empty. Bytes (from a file or stream, compressed or not, and narrow
+    // text) are UTF-8, a byte order mark in front allowed; anything else fails with "Invalid UTF-8
+    // in the JSON text at byte %lu.". Empty input fails with "JSON Stream is empty!" or "JSON String
+    // is empty!", a file as Load fails, and the JSON itself as CJsonTextReader reports.
+    CBinaryData LoadJsonFile(const wchar_t* fileName);
+    CBinaryData LoadJsonStream(unsigned char* data, unsigned long length);
+    CBinaryData LoadJson(const char* text);
+    CBinaryData LoadJson(const wchar_t* text);
+
     CXmlElement* GetDocumentElement() const { return m_documentElement; }
     const CSerializationContext& GetSerializationContext() const { return *m_context; }
     SchemaType GetSchemaType() const { return m_schemaType; }
@@ -65,6 +77,21 @@ public:
     std::wstring LookupNamespaceFromAlias(const wchar_t* alias) const;
     // The first alias, in alias order, bound to exactly this URI, or an empty string.
     std::wstring LookupAliasFromNamespace(const wchar_t* namespaceURI) const;
+
+    // Where the element's start tag begins in the input: line and column, both from 1. The input
+    // is read once more on the first call (later calls look up what it found), so a load pays
+    // nothing for positions it is never asked for. False when they are unknown: for text and
+    // uncompressed streams parsed where they lay (the document keeps no copy of them), for a
+    // document loaded with an element-complete callback, for input that is not XML text, for an
+    // element that is not of this tree or was added after the load, and once the tree has been
+    // changed.
+    bool GetElementPosition(const CXmlElement* element, int& line, int& column) const;
+    // The namespace URI that prefix (empty for the default namespace) is bound to where the
+    // element stands, as declared on it or its ancestors; "xml" is always bound. False when the
+    // prefix is not bound there. Without positions (see GetElementPosition) the document-wide
+    // aliases answer instead.
+    bool LookupNamespaceInScope(const CXmlElement* element, const std::wstring& prefix,
+                                std::wstring& namespaceURI) const;
 
     // Tree building for readers, in document order. Null names count as empty.
     CXmlElement* AddDocElement(const wchar_t* namespaceURI, const wchar_t* localName);
@@ -83,6 +110,10 @@ protected:
     void Parse();
     // Parses the input buffer as XML text.
     void ParseText();
+    // Translates the input buffer from JSON into XML text (UTF-8): inflated first by ParseJson,
+    // taken as it is by ParseJsonText.
+    CBinaryData ParseJson();
+    CBinaryData ParseJsonText();
 
 private:
     friend class CXmlElement;
@@ -94,6 +125,10 @@ private:
     // False when the bytes are no Fast Infoset document.
     bool ParseFastInfoset(const unsigned char* data, unsigned long length);
     void TakeInput(const unsigned char* data, unsigned long length);
+    // Reads the whole file into the input buffer.
+    void ReadInputFile(const wchar_t* fileName);
+    // The positions of the tree, built on first use; null when they cannot be known.
+    const internal::CSourceIndex* SourceIndex() const;
     // Names are interned in the document's table, or in one process-wide table for nodes that
     // belong to no document; node memory comes from the document's pool, or from the heap.
     static const std::wstring& InternName(const CXmlDocument* document, const wchar_t* text, size_t length);
@@ -106,6 +141,7 @@ private:
     std::map<std::wstring, std::wstring> m_aliases;
     unsigned char* m_input; // malloc'ed, as inflating replaces it
     unsigned long m_inputLength;
+    bool m_inputIsUtf16; // wide text kept as UTF-16, whatever its declaration says
     SchemaType m_schemaType;
     ElementCompleteCallback m_elementComplete;
     const CSerializationContext* m_context;

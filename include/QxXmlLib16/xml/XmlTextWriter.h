@@ -3,7 +3,7 @@
 #include <QxXmlLib16/foundation/Export.h>
 #include <QxXmlLib16/foundation/TextStream.h>
 #include <QxXmlLib16/foundation/Types.h>
-#include <QxXmlLib16/xml/XmlWriter.h>
+#include <QxXmlLib16/xml/TextWriterBase.h>
 
 #include <cstddef>
 #include <string>
@@ -11,17 +11,13 @@
 
 namespace QxXmlLib16 {
 
-// Writes XML text into a stream it does not own, flushing it whenever 4096 or more characters wait.
-// A start tag stays open until content or a child follows, so that attributes can still be added
-// and an element without content is written "<e/>".
-class QX_API CXmlTextWriter : public CXmlWriter {
+// Writes XML text into a stream it does not own. A start tag stays open until content or a child
+// follows, so that attributes can still be added and an element without content is written "<e/>".
+class QX_API CXmlTextWriter : public CTextWriterBase {
 public:
     explicit CXmlTextWriter(CTextStream& stream);
     ~CXmlTextWriter() override;
 
-    void Open() override;
-    // Closes the stream, then throws "An Element has not been closed." if one is still open.
-    void Close() override;
     void WriteComment(const std::wstring& text) override;
     // The text as given, then two line ends.
     void WritePI(const std::wstring& text) override;
@@ -42,15 +38,6 @@ public:
     // xsi:nil="true".
     void WriteAttributeNil() override;
 
-    // Line ends and indentation (default on).
-    bool GetFormat() const { return m_format; }
-    void SetFormat(bool format) { m_format = format; }
-    EOLType GetEOLType() const { return m_eolType; }
-    // Throws "Invalid EOL type." for a value other than eolCRLF and eolLF.
-    void SetEOLType(EOLType type);
-    const std::wstring& GetIndentChars() const { return m_indentChars; }
-    // Written once per level; null counts as empty.
-    void SetIndentChars(const wchar_t* indent);
     bool GetWriteDefaultElementValues() const { return m_writeDefaultElementValues; }
     void SetWriteDefaultElementValues(bool write) { m_writeDefaultElementValues = write; }
 
@@ -68,19 +55,10 @@ public:
 
 private:
     void Escape(const wchar_t* text, size_t length, bool inAttribute);
-    void WriteIndent(int depth);
-    void WriteEol();
     // xmlns:prefix="uri"
     void WriteDeclaration(const std::wstring& prefix, const std::wstring& namespaceURI);
-    void FlushIfFull();
 
     bool m_writeDefaultElementValues;
-    std::wstring m_indentChars;
-    std::wstring m_indentRun; // the indentation repeated, so that any depth is one append
-    std::wstring m_eol;
-    EOLType m_eolType;
-    bool m_format;
-    CTextStream& m_stream;
     bool m_rootStarted;
     // "</qname>" of each open element by depth, made when its start tag is written, so that the
     // end tag needs no namespace lookup; the strings are reused from element to element.

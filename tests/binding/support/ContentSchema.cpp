@@ -1,12 +1,5 @@
 #include "ContentSchema.h"
 
-#include <QxXmlLib16/data/AttributeInfoAny.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdCol.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdMnd.h>
-#include <QxXmlLib16/data/ElementInfoSeqUntpdOpt.h>
-
-#include <cwchar>
-
 using namespace QxXmlLib16Data;
 
 namespace ContentSchema {
@@ -24,43 +17,6 @@ C* NewCol(const wchar_t* name, int minOccurs = 0, int maxOccurs = -1) {
                  W::wsCollapse, L"");
 }
 
-// The object a member receives, checked against the member's class.
-template <class T, class Object>
-T* Checked(const CSmartPtr<Object>& object) {
-    T* typed = dynamic_cast<T*>(object.Get());
-    if (object && !typed) throw CQxInvalidParamException(L"A Property was given an object of another class");
-    return typed;
-}
-
-template <class T>
-int AccessCollection(bool read, QxVariant& value, CSmartPtr<T>& member) {
-    if (read)
-        value.SetXmlCollection(member.Get());
-    else
-        member = Checked<T>(value.GetXmlCollection());
-    return 0;
-}
-
-template <class T>
-int AccessObject(bool read, QxVariant& value, CSmartPtr<T>& member) {
-    if (read)
-        value.SetXmlObject(member.Get());
-    else
-        member = Checked<T>(value.GetXmlObject());
-    return 0;
-}
-
-int UnknownProperty(int propertyNumber) {
-    throw CQxInvalidParamException(FormatString(L"Unknown property number %d", propertyNumber));
-}
-
-// A mandatory wildcard member always holds an element for the reader to fill.
-CElement* NewWildcard(const wchar_t* rule) {
-    return new CElement(L"AnyElement",
-                        CElementInfo::GetAnyDefaultNamespace(rule, kNamespace, kNamespace).c_str(), rule,
-                        kNamespace);
-}
-
 CSmartPtr<CXmlObjectBase> CreateOwn(int, const wchar_t* elementName) {
     return new COwn(elementName);
 }
@@ -68,36 +24,17 @@ CSmartPtr<CXmlObjectBase> CreateOwn(int, const wchar_t* elementName) {
 } // namespace
 
 const wchar_t* ShadeToText(int value) {
-    return value >= 0 && value < 2 ? kShades[value] : L"";
+    return EnumToText(kShades, value);
 }
 
 int ShadeFromText(const wchar_t* text) {
-    for (int i = 0; i < 2; ++i)
-        if (std::wcscmp(kShades[i], text) == 0) return i;
-    throw CQxInvalidValueException(FormatString(L"The value [%ls] is not a valid Shade", text));
-}
-
-// --- ShadeCol ---------------------------------------------------------------------------------------
-
-// The items are written as their schema text, not as the 32-bit values they are held as.
-CShadeCol::CShadeCol(const wchar_t* elementName, const wchar_t* namespaceURI, int minOccurs, int maxOccurs)
-    : CTypedCollection(itString, elementName, namespaceURI, minOccurs, maxOccurs, L"", -1, -1, L"", L"", L"", L"",
-                       -1, -1, -1, W::wsCollapse, L"") {}
-
-void CShadeCol::AddFromString(std::wstring text) {
-    Add(static_cast<Shade>(ShadeFromText(CWhitespaceUtils::Collapse(text).c_str())));
-}
-
-// A value cast from an integer outside the enumeration has no text to be written as.
-void CShadeCol::CheckValue(const wchar_t*, Shade value, const CPrimitiveRestrictions&) {
-    if (!*ShadeToText(value))
-        throw CQxInvalidValueException(FormatString(L"The value [%d] is not a valid Shade", int(value)));
+    return EnumFromText(kShades, text, L"Shade");
 }
 
 // --- Own --------------------------------------------------------------------------------------------
 
 COwn::COwn(const wchar_t* elementName)
-    : m_any(NewWildcard(L"##targetNamespace")) {
+    : m_any(NewAnyElement(L"##targetNamespace", kNamespace, kNamespace)) {
     SetElementName(elementName);
 }
 
@@ -115,21 +52,11 @@ const CClassMetaData& COwn::MetaData() {
 }
 
 int COwn::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
-    return propertyNumber == 1 ? AccessObject(read, value, m_any) : UnknownProperty(propertyNumber);
-}
-
-const CParentElementInfo* COwn::GetClassInfo() const {
-    return MetaData().GetClassInfo();
-}
-CElementInfo* const* COwn::GetClassElementInfo() const {
-    return MetaData().GetElements();
-}
-CAttributeInfo* const* COwn::GetClassAttributeInfo() const {
-    return MetaData().GetAttributes();
+    return propertyNumber == 1 ? AccessObject(read, value, m_any, L"any") : UnknownProperty(propertyNumber);
 }
 
 void COwn::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
-    m_any = NewWildcard(L"##targetNamespace");
+    m_any = NewAnyElement(L"##targetNamespace", kNamespace, kNamespace);
 }
 
 // --- Bag --------------------------------------------------------------------------------------------
@@ -169,7 +96,7 @@ void CBag::Reset() {
                             W::wsCollapse, L"");
     m_int = NewCol<CintegerCol>(L"int");
     m_shade = new CShadeCol(L"shade", kNamespace, 0, 4);
-    m_other = NewWildcard(L"##other");
+    m_other = NewAnyElement(L"##other", kNamespace, kNamespace);
     m_local = nullptr;
     m_listed = new CElementCol(kNamespace, L"urn:qx:a urn:qx:b", kNamespace, 0, 3);
     m_own = new COwn(L"own");
@@ -226,81 +153,71 @@ const CClassMetaData& CBag::MetaData() {
 int CBag::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        return AccessCollection(read, value, m_hex);
+        return AccessCollection(read, value, m_hex, L"hex");
     case 2:
-        return AccessCollection(read, value, m_b64);
+        return AccessCollection(read, value, m_b64, L"b64");
     case 3:
-        return AccessCollection(read, value, m_i1);
+        return AccessCollection(read, value, m_i1, L"i1");
     case 4:
-        return AccessCollection(read, value, m_i2);
+        return AccessCollection(read, value, m_i2, L"i2");
     case 5:
-        return AccessCollection(read, value, m_i4);
+        return AccessCollection(read, value, m_i4, L"i4");
     case 6:
-        return AccessCollection(read, value, m_i8);
+        return AccessCollection(read, value, m_i8, L"i8");
     case 7:
-        return AccessCollection(read, value, m_ui1);
+        return AccessCollection(read, value, m_ui1, L"ui1");
     case 8:
-        return AccessCollection(read, value, m_ui2);
+        return AccessCollection(read, value, m_ui2, L"ui2");
     case 9:
-        return AccessCollection(read, value, m_ui4);
+        return AccessCollection(read, value, m_ui4, L"ui4");
     case 10:
-        return AccessCollection(read, value, m_ui8);
+        return AccessCollection(read, value, m_ui8, L"ui8");
     case 11:
-        return AccessCollection(read, value, m_r4);
+        return AccessCollection(read, value, m_r4, L"r4");
     case 12:
-        return AccessCollection(read, value, m_r8);
+        return AccessCollection(read, value, m_r8, L"r8");
     case 13:
-        return AccessCollection(read, value, m_dur);
+        return AccessCollection(read, value, m_dur, L"dur");
     case 14:
-        return AccessCollection(read, value, m_ym);
+        return AccessCollection(read, value, m_ym, L"ym");
     case 15:
-        return AccessCollection(read, value, m_md);
+        return AccessCollection(read, value, m_md, L"md");
     case 16:
-        return AccessCollection(read, value, m_yr);
+        return AccessCollection(read, value, m_yr, L"yr");
     case 17:
-        return AccessCollection(read, value, m_mo);
+        return AccessCollection(read, value, m_mo, L"mo");
     case 18:
-        return AccessCollection(read, value, m_dy);
+        return AccessCollection(read, value, m_dy, L"dy");
     case 19:
-        return AccessCollection(read, value, m_date);
+        return AccessCollection(read, value, m_date, L"date");
     case 20:
-        return AccessCollection(read, value, m_dt);
+        return AccessCollection(read, value, m_dt, L"dt");
     case 21:
-        return AccessCollection(read, value, m_tm);
+        return AccessCollection(read, value, m_tm, L"tm");
     case 22:
-        return AccessCollection(read, value, m_str);
+        return AccessCollection(read, value, m_str, L"str");
     case 23:
-        return AccessCollection(read, value, m_bool);
+        return AccessCollection(read, value, m_bool, L"bool");
     case 24:
-        return AccessCollection(read, value, m_dec);
+        return AccessCollection(read, value, m_dec, L"dec");
     case 25:
-        return AccessCollection(read, value, m_int);
+        return AccessCollection(read, value, m_int, L"int");
     case 26:
-        return AccessCollection(read, value, m_shade);
+        return AccessCollection(read, value, m_shade, L"shade");
     case 27:
-        return AccessObject(read, value, m_other);
+        return AccessObject(read, value, m_other, L"other");
     case 28:
-        return AccessObject(read, value, m_local);
+        return AccessObject(read, value, m_local, L"local");
     case 29:
-        return AccessCollection(read, value, m_listed);
+        return AccessCollection(read, value, m_listed, L"listed");
     case 30:
-        return AccessObject(read, value, m_own);
+        return AccessObject(read, value, m_own, L"own");
     case 31:
-        return AccessCollection(read, value, m_rest);
+        return AccessCollection(read, value, m_rest, L"rest");
     case 32:
-        return AccessCollection(read, value, m_attributes);
+        return AccessCollection(read, value, m_attributes, L"attributes");
     }
     return UnknownProperty(propertyNumber);
-}
-
-const CParentElementInfo* CBag::GetClassInfo() const {
-    return MetaData().GetClassInfo();
-}
-CElementInfo* const* CBag::GetClassElementInfo() const {
-    return MetaData().GetElements();
-}
-CAttributeInfo* const* CBag::GetClassAttributeInfo() const {
-    return MetaData().GetAttributes();
 }
 
 void CBag::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {

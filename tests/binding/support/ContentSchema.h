@@ -2,9 +2,6 @@
 
 // Bindings of content.xsd (namespace urn:qx:test:content), written as the code generator emits them.
 
-#include <QxXmlLib16/collections/AttributeCol.h>
-#include <QxXmlLib16/collections/Element.h>
-#include <QxXmlLib16/collections/ElementCol.h>
 #include <QxXmlLib16/QxXmlLib16.h>
 
 namespace ContentSchema {
@@ -17,21 +14,10 @@ enum Shade : int { Shade_light, Shade_dark };
 const wchar_t* ShadeToText(int value);
 int ShadeFromText(const wchar_t* text);
 
-// Repeated Shade elements: the generator emits one such collection per repeated enumeration.
-class CShadeCol : public CTypedCollection<CShadeCol, Shade> {
-public:
-    CShadeCol(const wchar_t* elementName, const wchar_t* namespaceURI, int minOccurs, int maxOccurs);
-
-    void Add(Shade value) { InsertAt(GetCount(), value, &CheckValue); }
-    void AddFromString(std::wstring text) override;
-    std::wstring ItemToString(Shade value) const { return ShadeToText(value); }
-
-private:
-    static void CheckValue(const wchar_t* name, Shade value, const CPrimitiveRestrictions&);
-};
+typedef TEnumCol<Shade, ShadeToText, ShadeFromText> CShadeCol;
 
 // Wraps a single element of the target namespace.
-class COwn : public CXmlGeneratedClass {
+class COwn : public TGeneratedClass<COwn> {
 public:
     explicit COwn(const wchar_t* elementName = L"Own");
 
@@ -39,21 +25,18 @@ public:
     void SetAny(CElement* value);
 
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
-    const QxXmlLib16Data::CParentElementInfo* GetClassInfo() const override;
-    QxXmlLib16Data::CElementInfo* const* GetClassElementInfo() const override;
-    QxXmlLib16Data::CAttributeInfo* const* GetClassAttributeInfo() const override;
     void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
-    CXmlObjectBase* GetBase() override { return this; }
     std::wstring GetTargetNamespace() const override { return kNamespace; }
     std::wstring GetNamespace() const override { return kNamespace; }
 
 private:
+    friend TGeneratedClass;
     static const CClassMetaData& MetaData();
     CSmartPtr<CElement> m_any;
 };
 
 // The document element: one repeated element per built-in value type, then open content.
-class CBag : public CXmlGeneratedClass {
+class CBag : public TGeneratedClass<CBag> {
 public:
     explicit CBag(const wchar_t* elementName = L"bag");
 
@@ -101,15 +84,12 @@ public:
     CAttributeCol& GetAttributes() const { return *m_attributes; }
 
     int AccessProperty(int propertyNumber, bool read, QxVariant& value) override;
-    const QxXmlLib16Data::CParentElementInfo* GetClassInfo() const override;
-    QxXmlLib16Data::CElementInfo* const* GetClassElementInfo() const override;
-    QxXmlLib16Data::CAttributeInfo* const* GetClassAttributeInfo() const override;
     void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override;
-    CXmlObjectBase* GetBase() override { return this; }
     std::wstring GetTargetNamespace() const override { return kNamespace; }
     std::wstring GetNamespace() const override { return kNamespace; }
 
 private:
+    friend TGeneratedClass;
     static const CClassMetaData& MetaData();
     void Reset();
 

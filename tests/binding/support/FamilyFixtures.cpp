@@ -7,7 +7,7 @@
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 #include <QxXmlLib16/data/AttributeInfoPrimitive.h>
-#include <QxXmlLib16/data/ElementInfoSeqPrimOpt.h>
+#include <QxXmlLib16/data/ElementInfoFamily.h>
 #include <QxXmlLib16/data/ParentElementInfo.h>
 
 #include <cwchar>

@@ -1,7 +1,5 @@
 #include "GroupsSchema.h"
 
-#include <cwchar>
-
 using namespace QxXmlLib16Data;
 
 namespace GroupsSchema {
@@ -13,33 +11,6 @@ const CPrimitiveRestrictions kNoFacets;
 const CPrimitiveRestrictions kCountFacets(L"", -1, -1, L"0", L"99", L"", L"", -1, -1, -1);
 
 const wchar_t* const kColours[] = {L"red", L"green", L"blue"};
-
-// The object a class member receives, checked against the member's class.
-template <class T>
-T* ObjectOf(const QxVariant& value, const wchar_t* property) {
-    CXmlObjectBase* object = value.GetXmlObject().Get();
-    T* typed = dynamic_cast<T*>(object);
-    if (object && !typed)
-        throw CQxInvalidParamException(
-            FormatString(L"The Property [%ls] was given an object of another class", property));
-    return typed;
-}
-
-template <class T>
-void Adopt(CSmartPtr<T>& member, T* value, const wchar_t* elementName) {
-    if (value) value->SetElementName(elementName);
-    member = value;
-}
-
-template <class T>
-void AdoptMandatory(CSmartPtr<T>& member, T* value, const wchar_t* elementName) {
-    CXmlObjectBase::Throw_IfPropertyIsNull(value, elementName);
-    Adopt(member, value, elementName);
-}
-
-int UnknownProperty(int propertyNumber) {
-    throw CQxInvalidParamException(FormatString(L"Unknown property number %d", propertyNumber));
-}
 
 void CheckCount(long value) {
     CXmlObjectHelper::CheckRestrictionFori4(L"count", value, kCountFacets);
@@ -60,19 +31,11 @@ CParentElementInfo* GroupInfo(XmlElementGroupType group, const wchar_t* groupNam
 } // namespace
 
 const wchar_t* ColourToText(int value) {
-    return value >= 0 && value < 3 ? kColours[value] : L"";
+    return EnumToText(kColours, value);
 }
 
 int ColourFromText(const wchar_t* text) {
-    for (int i = 0; i < 3; ++i)
-        if (std::wcscmp(kColours[i], text) == 0) return i;
-    throw CQxInvalidValueException(FormatString(L"The value [%ls] is not a valid Colour", text));
-}
-
-int PassCollection(CXmlCollectionBase* collection, bool read, QxVariant& value, const wchar_t* name) {
-    if (!read) throw CQxInvalidParamException(FormatString(L"The Property [%ls] is a collection", name));
-    value.SetXmlCollection(collection);
-    return 0;
+    return EnumFromText(kColours, text, L"Colour");
 }
 
 CSmartPtr<CXmlObjectBase> CreateClass(int classNumber, const wchar_t* elementName) {
@@ -118,8 +81,7 @@ const CClassMetaData& CItem::MetaData() {
 
 int CItem::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (propertyNumber != 1) return UnknownProperty(propertyNumber);
-    read ? value.SetI4(m_id) : SetId(value.GetI4());
-    return 0;
+    return AccessValue<itI4>(read, value, m_id, this, &CItem::SetId);
 }
 
 void CItem::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
@@ -134,11 +96,7 @@ CShape::CShape(const wchar_t* elementName) {
 
 int CShape::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (propertyNumber != pnColour) return UnknownProperty(propertyNumber);
-    if (!read)
-        m_colour = Colour(value.GetI4());
-    else if (m_colour)
-        value.SetI4(*m_colour);
-    return 0;
+    return AccessValue<itI4>(read, value, m_colour);
 }
 
 void CShape::OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) {
@@ -160,8 +118,7 @@ const CClassMetaData& CCircle::MetaData() {
 
 int CCircle::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (propertyNumber != pnLast + 1) return CShape::AccessProperty(propertyNumber, read, value);
-    read ? value.SetDecimal(m_radius) : SetRadius(value.GetDecimal());
-    return 0;
+    return AccessValue<itDecimal>(read, value, m_radius, this, &CCircle::SetRadius);
 }
 
 void CCircle::OnBeforeFromXml(CXmlElement* element, CXmlElement* first, const CSerializationContext& context,
@@ -185,8 +142,7 @@ const CClassMetaData& CSquare::MetaData() {
 
 int CSquare::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     if (propertyNumber != pnLast + 1) return CShape::AccessProperty(propertyNumber, read, value);
-    read ? value.SetDecimal(m_side) : SetSide(value.GetDecimal());
-    return 0;
+    return AccessValue<itDecimal>(read, value, m_side, this, &CSquare::SetSide);
 }
 
 void CSquare::OnBeforeFromXml(CXmlElement* element, CXmlElement* first, const CSerializationContext& context,
@@ -215,11 +171,11 @@ void CPick::Reset() {
 
 void CPick::SetItem(CItem* value) {
     Reset();
-    Adopt(m_item, value, L"item");
+    AdoptChild(m_item, value, L"item");
 }
 void CPick::SetShape(CShape* value) {
     Reset();
-    Adopt(m_shape, value, L"shape");
+    AdoptChild(m_shape, value, L"shape");
 }
 void CPick::SetCount(long value) {
     CheckCount(value);
@@ -252,26 +208,15 @@ const CClassMetaData& CPick::MetaData() {
 int CPick::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPickItem:
-        read ? value.SetXmlObject(m_item.Get()) : SetItem(ObjectOf<CItem>(value, L"item"));
-        return 0;
+        return AccessObject(read, value, m_item, L"item", this, &CPick::SetItem);
     case pnPickShape:
-        read ? value.SetXmlObject(m_shape.Get()) : SetShape(ObjectOf<CShape>(value, L"shape"));
-        return 0;
+        return AccessObject(read, value, m_shape, L"shape", this, &CPick::SetShape);
     case pnPickCount:
-        if (!read)
-            SetCount(value.GetI4());
-        else if (m_count)
-            value.SetI4(*m_count);
-        return 0;
+        return AccessValue<itI4>(read, value, m_count, this, &CPick::SetCount);
     case pnPickColour:
-        if (!read)
-            SetColour(Colour(value.GetI4()));
-        else if (m_colour)
-            value.SetI4(*m_colour);
-        return 0;
+        return AccessValue<itI4>(read, value, m_colour, this, &CPick::SetColour);
     case pnPickAny:
-        read ? value.SetXmlObject(m_any.Get()) : SetAny(ObjectOf<CElement>(value, L"AnyElement"));
-        return 0;
+        return AccessObject(read, value, m_any, L"AnyElement", this, &CPick::SetAny);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -299,16 +244,8 @@ CXmlElement* CPickCol::FromXml_Int(CXmlElement*, CXmlElement* current, const CSe
                                    bool) {
     for (; CXmlObjectHelper::DoesElementNameMatch(context, current, L"pick", kNamespace);
          current = current->GetNextSiblingElement())
-        CXmlObjectBase::FromXml_Int(Add(), current, current->GetFirstElement(), context, false);
+        CXmlObjectBase::FromXml_Int(Add(), current, current->GetFirstElement(), context);
     return current;
-}
-
-CColourCol::CColourCol(const wchar_t* elementName, int minOccurs, int maxOccurs)
-    : CPrimitiveCol(elementName, kNamespace, minOccurs, maxOccurs, L"", -1, -1, L"", L"", L"", L"", -1, -1,
-                    -1, W::wsCollapse, L"") {}
-
-long CColourCol::FromString(const std::wstring& text, CWhitespaceUtils::WhitespaceRule rule) {
-    return ColourFromText(CWhitespaceUtils::ApplyRule(rule, text).c_str());
 }
 
 // --- Entry, Palette ---------------------------------------------------------------------------------
@@ -353,17 +290,9 @@ const CClassMetaData& CEntry::MetaData() {
 int CEntry::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnEntryCount:
-        if (!read)
-            SetCount(value.GetI4());
-        else if (m_count)
-            value.SetI4(*m_count);
-        return 0;
+        return AccessValue<itI4>(read, value, m_count, this, &CEntry::SetCount);
     case pnEntryNote:
-        if (!read)
-            SetNote(value.GetString());
-        else if (m_note)
-            value.SetString(*m_note);
-        return 0;
+        return AccessValue<itString>(read, value, m_note, this, &CEntry::SetNote);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -392,7 +321,7 @@ CXmlElement* CEntryCol::FromXml_Int(CXmlElement* parent, CXmlElement* current,
                                     const CSerializationContext& context, bool) {
     while (current) {
         CSmartPtr<CEntry> entry(new CEntry());
-        CXmlElement* stopped = CXmlObjectBase::FromXml_Int(entry.Get(), parent, current, context, false);
+        CXmlElement* stopped = CXmlObjectBase::FromXml_Int(entry.Get(), parent, current, context);
         if (stopped == current) break;
         AppendItem(entry.Get());
         current = stopped;
@@ -407,7 +336,7 @@ CPalette::CPalette(const wchar_t* elementName) {
 
 void CPalette::Reset() {
     m_items = new CItemCol(L"item", kNamespace, 1, -1);
-    m_colours = new CColourCol(L"colour", 2, 3);
+    m_colours = new CColourCol(L"colour", kNamespace, 2, 3);
     m_entries = new CEntryCol(1);
     m_shapes = new CShapeCol(L"shape", kNamespace, 1, -1, CreateShape);
     m_sizes = new CdecimalCol(L"size", kNamespace, 1, 4, L"", -1, -1, L"", L"", L"", L"", -1, -1, -1,
@@ -431,17 +360,17 @@ const CClassMetaData& CPalette::MetaData() {
 int CPalette::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPaletteItems:
-        return PassCollection(m_items.Get(), read, value, L"item");
+        return AccessCollection(read, value, m_items, L"item");
     case pnPaletteColours:
-        return PassCollection(m_colours.Get(), read, value, L"colour");
+        return AccessCollection(read, value, m_colours, L"colour");
     case pnPaletteEntries:
-        return PassCollection(m_entries.Get(), read, value, L"Entry");
+        return AccessCollection(read, value, m_entries, L"Entry");
     case pnPaletteShapes:
-        return PassCollection(m_shapes.Get(), read, value, L"shape");
+        return AccessCollection(read, value, m_shapes, L"shape");
     case pnPaletteSizes:
-        return PassCollection(m_sizes.Get(), read, value, L"size");
+        return AccessCollection(read, value, m_sizes, L"size");
     case pnPaletteOthers:
-        return PassCollection(m_others.Get(), read, value, L"AnyElement");
+        return AccessCollection(read, value, m_others, L"AnyElement");
     }
     return UnknownProperty(propertyNumber);
 }
@@ -474,11 +403,9 @@ const CClassMetaData& CStamp::MetaData() {
 int CStamp::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnStampSigned:
-        read ? value.SetBoolean(m_signed) : SetSigned(value.GetBoolean());
-        return 0;
+        return AccessValue<itBoolean>(read, value, m_signed, this, &CStamp::SetSigned);
     case pnStampBy:
-        read ? value.SetString(m_by) : SetBy(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_by, this, &CStamp::SetBy);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -507,12 +434,9 @@ const CClassMetaData& CLabel::MetaData() {
 int CLabel::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnLabelText:
-        read ? value.SetString(m_text) : SetText(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_text, this, &CLabel::SetText);
     case pnLabelStamp:
-        read ? value.SetXmlObject(m_stamp.Get())
-             : AdoptMandatory(m_stamp, ObjectOf<CStamp>(value, L"Stamp"), L"Stamp");
-        return 0;
+        return AccessObject(read, value, m_stamp, L"Stamp");
     }
     return UnknownProperty(propertyNumber);
 }
@@ -558,17 +482,17 @@ void CBag::Reset() {
 }
 
 void CBag::SetShape(CShape* value) {
-    AdoptMandatory(m_shape, value, L"shape");
+    AdoptMandatoryChild(m_shape, value, L"shape");
 }
 void CBag::SetCount(long value) {
     CheckCount(value);
     m_count = value;
 }
 void CBag::SetSpare(CItem* value) {
-    Adopt(m_spare, value, L"spare");
+    AdoptChild(m_spare, value, L"spare");
 }
 void CBag::SetFigure(CShape* value) {
-    Adopt(m_figure, value, L"figure");
+    AdoptChild(m_figure, value, L"figure");
 }
 void CBag::SetMore(CElement* value) {
     m_more = value;
@@ -597,45 +521,25 @@ const CClassMetaData& CBag::MetaData() {
 int CBag::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnBagItem:
-        read ? value.SetXmlObject(m_item.Get())
-             : AdoptMandatory(m_item, ObjectOf<CItem>(value, L"item"), L"item");
-        return 0;
+        return AccessObject(read, value, m_item, L"item");
     case pnBagShape:
-        read ? value.SetXmlObject(m_shape.Get()) : SetShape(ObjectOf<CShape>(value, L"shape"));
-        return 0;
+        return AccessObject(read, value, m_shape, L"shape", this, &CBag::SetShape);
     case pnBagCount:
-        read ? value.SetI4(m_count) : SetCount(value.GetI4());
-        return 0;
+        return AccessValue<itI4>(read, value, m_count, this, &CBag::SetCount);
     case pnBagColour:
-        read ? value.SetI4(m_colour) : SetColour(Colour(value.GetI4()));
-        return 0;
+        return AccessValue<itI4>(read, value, m_colour, this, &CBag::SetColour);
     case pnBagExtra:
-        if (read)
-            value.SetXmlObject(m_extra.Get());
-        else
-            m_extra = ObjectOf<CElement>(value, L"extra");
-        return 0;
+        return AccessObject(read, value, m_extra, L"extra");
     case pnBagSpare:
-        read ? value.SetXmlObject(m_spare.Get()) : SetSpare(ObjectOf<CItem>(value, L"spare"));
-        return 0;
+        return AccessObject(read, value, m_spare, L"spare", this, &CBag::SetSpare);
     case pnBagFigure:
-        read ? value.SetXmlObject(m_figure.Get()) : SetFigure(ObjectOf<CShape>(value, L"figure"));
-        return 0;
+        return AccessObject(read, value, m_figure, L"figure", this, &CBag::SetFigure);
     case pnBagNote:
-        if (!read)
-            m_note = value.GetString();
-        else if (m_note)
-            value.SetString(*m_note);
-        return 0;
+        return AccessValue<itString>(read, value, m_note);
     case pnBagTint:
-        if (!read)
-            m_tint = Colour(value.GetI4());
-        else if (m_tint)
-            value.SetI4(*m_tint);
-        return 0;
+        return AccessValue<itI4>(read, value, m_tint);
     case pnBagMore:
-        read ? value.SetXmlObject(m_more.Get()) : SetMore(ObjectOf<CElement>(value, L"more"));
-        return 0;
+        return AccessObject(read, value, m_more, L"more", this, &CBag::SetMore);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -667,13 +571,13 @@ void CGroups::Reset() {
 }
 
 void CGroups::SetMain(CShape* value) {
-    AdoptMandatory(m_main, value, L"main");
+    AdoptMandatoryChild(m_main, value, L"main");
 }
 void CGroups::SetAlt(CShape* value) {
-    Adopt(m_alt, value, L"alt");
+    AdoptChild(m_alt, value, L"alt");
 }
 void CGroups::SetLabel(CLabel* value) {
-    Adopt(m_label, value, L"label");
+    AdoptChild(m_label, value, L"label");
 }
 
 const CClassMetaData& CGroups::MetaData() {
@@ -694,25 +598,21 @@ const CClassMetaData& CGroups::MetaData() {
 int CGroups::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPicks:
-        return PassCollection(m_picks.Get(), read, value, L"pick");
+        return AccessCollection(read, value, m_picks, L"pick");
     case pnBag:
-        read ? value.SetXmlObject(m_bag.Get()) : AdoptMandatory(m_bag, ObjectOf<CBag>(value, L"bag"), L"bag");
-        return 0;
+        return AccessObject(read, value, m_bag, L"bag");
     case pnMain:
-        read ? value.SetXmlObject(m_main.Get()) : SetMain(ObjectOf<CShape>(value, L"main"));
-        return 0;
+        return AccessObject(read, value, m_main, L"main", this, &CGroups::SetMain);
     case pnAlt:
-        read ? value.SetXmlObject(m_alt.Get()) : SetAlt(ObjectOf<CShape>(value, L"alt"));
-        return 0;
+        return AccessObject(read, value, m_alt, L"alt", this, &CGroups::SetAlt);
     case pnFigures:
-        return PassCollection(m_figures.Get(), read, value, L"figure");
+        return AccessCollection(read, value, m_figures, L"figure");
     case pnPalettes:
-        return PassCollection(m_palettes.Get(), read, value, L"palette");
+        return AccessCollection(read, value, m_palettes, L"palette");
     case pnLabel:
-        read ? value.SetXmlObject(m_label.Get()) : SetLabel(ObjectOf<CLabel>(value, L"label"));
-        return 0;
+        return AccessObject(read, value, m_label, L"label", this, &CGroups::SetLabel);
     case pnEntries:
-        return PassCollection(m_entries.Get(), read, value, L"Entry");
+        return AccessCollection(read, value, m_entries, L"Entry");
     }
     return UnknownProperty(propertyNumber);
 }
@@ -756,15 +656,15 @@ const CClassMetaData& CCrate::MetaData() {
 int CCrate::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnCrateItems:
-        return PassCollection(m_items.Get(), read, value, L"item");
+        return AccessCollection(read, value, m_items, L"item");
     case pnCrateShapes:
-        return PassCollection(m_shapes.Get(), read, value, L"shape");
+        return AccessCollection(read, value, m_shapes, L"shape");
     case pnCrateCounts:
-        return PassCollection(m_counts.Get(), read, value, L"count");
+        return AccessCollection(read, value, m_counts, L"count");
     case pnCratePicks:
-        return PassCollection(m_picks.Get(), read, value, L"pick");
+        return AccessCollection(read, value, m_picks, L"pick");
     case pnCrateExtras:
-        return PassCollection(m_extras.Get(), read, value, L"AnyElement");
+        return AccessCollection(read, value, m_extras, L"AnyElement");
     }
     return UnknownProperty(propertyNumber);
 }

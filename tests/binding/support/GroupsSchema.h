@@ -22,27 +22,14 @@ CSmartPtr<CXmlObjectBase> CreateClass(int classNumber, const wchar_t* elementNam
 // The concrete Shape named by the element's xsi:type; none without one, since Shape is abstract.
 CSmartPtr<CXmlObjectBase> CreateShape(CXmlElement* element);
 
-// The operations that every class of the schema implements alike; T supplies MetaData().
+// Every class of the schema is in its namespace; T supplies MetaData().
 template <class T, class Base = CXmlGeneratedClass>
-class CGroupsClass : public Base {
+class CGroupsClass : public TGeneratedClass<T, Base> {
 public:
-    using Base::Base;
-    const QxXmlLib16Data::CParentElementInfo* GetClassInfo() const override {
-        return T::MetaData().GetClassInfo();
-    }
-    QxXmlLib16Data::CElementInfo* const* GetClassElementInfo() const override {
-        return T::MetaData().GetElements();
-    }
-    QxXmlLib16Data::CAttributeInfo* const* GetClassAttributeInfo() const override {
-        return T::MetaData().GetAttributes();
-    }
-    CXmlObjectBase* GetBase() override { return this; }
+    using TGeneratedClass<T, Base>::TGeneratedClass;
     std::wstring GetTargetNamespace() const override { return kNamespace; }
     std::wstring GetNamespace() const override { return kNamespace; }
 };
-
-// A repeated member holds its collection from construction on; readers fill it in place.
-int PassCollection(CXmlCollectionBase* collection, bool read, QxVariant& value, const wchar_t* name);
 
 class CItem : public CGroupsClass<CItem> {
 public:
@@ -107,19 +94,7 @@ typedef TXmlClassCollection<CItem> CItemCol;
 // Items are Circles and Squares, chosen by each element's xsi:type.
 typedef TXmlClassCollection<CShape> CShapeCol;
 
-// Repeated Colour values.
-class CColourCol : public CPrimitiveCol<CColourCol, long> {
-public:
-    CColourCol(const wchar_t* elementName, int minOccurs, int maxOccurs);
-
-private:
-    friend CPrimitiveCol;
-    static constexpr ItemType kItemType = itString;
-    static constexpr const wchar_t* kClassName = L"CColourCol";
-    static void CheckFacets(const wchar_t*, long, const CPrimitiveRestrictions&) {}
-    static long FromString(const std::wstring& text, CWhitespaceUtils::WhitespaceRule rule);
-    static std::wstring ToString(long value, const std::wstring&) { return ColourToText(value); }
-};
+typedef TEnumCol<Colour, ColourToText, ColourFromText> CColourCol;
 
 // A choice: setting one alternative clears the others.
 class CPick : public CGroupsClass<CPick> {

@@ -1,6 +1,5 @@
 #include "TestSchema.h"
 
-#include <cwchar>
 #include <iterator>
 #include <utility>
 
@@ -37,62 +36,29 @@ const CPrimitiveRestrictions kLatitudeFacets = Bounds(L"-90", L"90");
 const CPrimitiveRestrictions kLongitudeFacets = Bounds(L"-180", L"180");
 const CPrimitiveRestrictions kEmailFacets = Pattern(L"[a-z.]+@[a-z.]+");
 
-const wchar_t* EnumText(const wchar_t* const* names, int count, int value) {
-    return value >= 0 && value < count ? names[value] : L"";
-}
-
-int EnumValue(const wchar_t* const* names, int count, const wchar_t* text, const wchar_t* typeName) {
-    for (int i = 0; i < count; ++i)
-        if (std::wcscmp(names[i], text) == 0) return i;
-    throw CQxInvalidValueException(FormatString(L"The value [%ls] is not a valid %ls", text, typeName));
-}
-
 const wchar_t* const kTravelModes[] = {L"walk", L"cycle", L"drive"};
 const wchar_t* const kPaces[] = {L"slow", L"steady", L"fast"};
 const wchar_t* const kUnits[] = {L"m", L"km", L"mi"};
 
-// The object a class member receives, checked against the member's class.
-template <class T>
-T* ObjectOf(const QxVariant& value, const wchar_t* property) {
-    CXmlObjectBase* object = value.GetXmlObject().Get();
-    T* typed = dynamic_cast<T*>(object);
-    if (object && !typed)
-        throw CQxInvalidParamException(
-            FormatString(L"The Property [%ls] was given an object of another class", property));
-    return typed;
-}
-
-void AccessString(bool read, QxVariant& value, std::optional<std::wstring>& member) {
-    if (read) {
-        if (member) value.SetString(*member);
-    } else {
-        member = value.GetString();
-    }
-}
-
-int UnknownProperty(int propertyNumber) {
-    throw CQxInvalidParamException(FormatString(L"Unknown property number %d", propertyNumber));
-}
-
 } // namespace
 
 const wchar_t* TravelModeToText(int value) {
-    return EnumText(kTravelModes, 3, value);
+    return EnumToText(kTravelModes, value);
 }
 int TravelModeFromText(const wchar_t* text) {
-    return EnumValue(kTravelModes, 3, text, L"TravelMode");
+    return EnumFromText(kTravelModes, text, L"TravelMode");
 }
 const wchar_t* PaceToText(int value) {
-    return EnumText(kPaces, 3, value);
+    return EnumToText(kPaces, value);
 }
 int PaceFromText(const wchar_t* text) {
-    return EnumValue(kPaces, 3, text, L"Pace");
+    return EnumFromText(kPaces, text, L"Pace");
 }
 const wchar_t* UnitToText(int value) {
-    return EnumText(kUnits, 3, value);
+    return EnumToText(kUnits, value);
 }
 int UnitFromText(const wchar_t* text) {
-    return EnumValue(kUnits, 3, text, L"Unit");
+    return EnumFromText(kUnits, text, L"Unit");
 }
 
 CSmartPtr<CXmlObjectBase> CreateClass(int classNumber, const wchar_t* elementName) {
@@ -147,14 +113,11 @@ const CClassMetaData& CDistance::MetaData() {
 int CDistance::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        read ? value.SetDecimal(m_value) : void(m_value = value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_value);
     case 2:
-        read ? value.SetI4(m_unit) : void(m_unit = Unit(value.GetI4()));
-        return 0;
+        return AccessValue<itI4>(read, value, m_unit);
     case 3:
-        read ? value.SetBoolean(m_approx) : void(m_approx = value.GetBoolean());
-        return 0;
+        return AccessValue<itBoolean>(read, value, m_approx);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -193,11 +156,9 @@ const CClassMetaData& CAudit::MetaData() {
 int CAudit::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        read ? value.SetDateTime(m_created) : void(m_created = value.GetDateTime());
-        return 0;
+        return AccessValue<itDateTime>(read, value, m_created);
     case 2:
-        AccessString(read, value, m_author);
-        return 0;
+        return AccessValue<itString>(read, value, m_author);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -248,14 +209,11 @@ const CClassMetaData& CPlace::MetaData() {
 int CPlace::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnLat:
-        read ? value.SetDecimal(m_lat) : SetLat(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_lat, this, &CPlace::SetLat);
     case pnLon:
-        read ? value.SetDecimal(m_lon) : SetLon(value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_lon, this, &CPlace::SetLon);
     case pnLabel:
-        read ? value.SetString(m_label) : void(m_label = value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_label);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -304,11 +262,9 @@ const CClassMetaData& CCampsite::MetaData() {
 int CCampsite::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnPitches:
-        read ? value.SetUI2(m_pitches) : void(m_pitches = value.GetUI2());
-        return 0;
+        return AccessValue<itUi2>(read, value, m_pitches);
     case pnOpen:
-        read ? value.SetBoolean(m_open) : void(m_open = value.GetBoolean());
-        return 0;
+        return AccessValue<itBoolean>(read, value, m_open);
     }
     return CPlace::AccessProperty(propertyNumber, read, value);
 }
@@ -356,11 +312,9 @@ const CClassMetaData& CContact::MetaData() {
 int CContact::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case 1:
-        read ? value.SetString(m_email) : SetEmail(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_email, this, &CContact::SetEmail);
     case 2:
-        AccessString(read, value, m_phone);
-        return 0;
+        return AccessValue<itString>(read, value, m_phone);
     }
     return UnknownProperty(propertyNumber);
 }
@@ -539,33 +493,24 @@ void CTrip::SetDays(std::optional<unsigned char> value) {
     m_days = value;
 }
 
-template <class T>
-static void Adopt(CSmartPtr<T>& member, T* value, const wchar_t* elementName) {
-    if (value) value->SetElementName(elementName);
-    member = value;
-}
-
 void CTrip::SetDistance(CDistance* value) {
-    Throw_IfPropertyIsNull(value, L"distance");
-    Adopt(m_distance, value, L"distance");
+    AdoptMandatoryChild(m_distance, value, L"distance");
 }
 void CTrip::SetAudit(CAudit* value) {
     Throw_IfPropertyIsNull(value, L"Audit");
     m_audit = value;
 }
 void CTrip::SetStart(CPlace* value) {
-    Throw_IfPropertyIsNull(value, L"start");
-    Adopt(m_start, value, L"start");
+    AdoptMandatoryChild(m_start, value, L"start");
 }
 void CTrip::SetStop(CPlace* value) {
-    Adopt(m_stop, value, L"stop");
+    AdoptChild(m_stop, value, L"stop");
 }
 void CTrip::SetContact(CContact* value) {
-    Throw_IfPropertyIsNull(value, L"contact");
-    Adopt(m_contact, value, L"contact");
+    AdoptMandatoryChild(m_contact, value, L"contact");
 }
 void CTrip::SetReadings(CReadings* value) {
-    Adopt(m_readings, value, L"readings");
+    AdoptChild(m_readings, value, L"readings");
 }
 
 const CClassMetaData& CTrip::MetaData() {
@@ -601,60 +546,34 @@ const CClassMetaData& CTrip::MetaData() {
 int CTrip::AccessProperty(int propertyNumber, bool read, QxVariant& value) {
     switch (propertyNumber) {
     case pnId:
-        read ? value.SetString(m_id) : SetId(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_id, this, &CTrip::SetId);
     case pnPaceAttribute:
-        read ? value.SetI4(m_paceAttribute) : void(m_paceAttribute = Pace(value.GetI4()));
-        return 0;
+        return AccessValue<itI4>(read, value, m_paceAttribute);
     case pnVersion:
-        read ? value.SetDecimal(m_version) : void(m_version = value.GetDecimal());
-        return 0;
+        return AccessValue<itDecimal>(read, value, m_version);
     case pnTitle:
-        read ? value.SetString(m_title) : SetTitle(value.GetString());
-        return 0;
+        return AccessValue<itString>(read, value, m_title, this, &CTrip::SetTitle);
     case pnNote:
-        if (read && m_noteNil) {
-            value.SetString(L"");
-            value.SetNil();
-        } else {
-            AccessString(read, value, m_note);
-            if (!read) m_noteNil = false;
-        }
-        return 0;
+        return read && m_noteNil ? PutNil<itString>(value)
+                                 : AccessValue<itString>(read, value, m_note, this, &CTrip::SetNote);
     case pnDays:
-        if (!read)
-            SetDays(value.GetUI1());
-        else if (m_days)
-            value.SetUI1(*m_days);
-        return 0;
+        return AccessValue<itUi1>(read, value, m_days, this, &CTrip::SetDays);
     case pnMode:
-        read ? value.SetI4(m_mode) : void(m_mode = TravelMode(value.GetI4()));
-        return 0;
+        return AccessValue<itI4>(read, value, m_mode);
     case pnPace:
-        if (read) {
-            if (m_pace) value.SetI4(*m_pace);
-        } else {
-            m_pace = Pace(value.GetI4());
-        }
-        return 0;
+        return AccessValue<itI4>(read, value, m_pace);
     case pnDistance:
-        read ? value.SetXmlObject(m_distance.Get()) : SetDistance(ObjectOf<CDistance>(value, L"distance"));
-        return 0;
+        return AccessObject(read, value, m_distance, L"distance", this, &CTrip::SetDistance);
     case pnAudit:
-        read ? value.SetXmlObject(m_audit.Get()) : SetAudit(ObjectOf<CAudit>(value, L"Audit"));
-        return 0;
+        return AccessObject(read, value, m_audit, L"Audit", this, &CTrip::SetAudit);
     case pnStart:
-        read ? value.SetXmlObject(m_start.Get()) : SetStart(ObjectOf<CPlace>(value, L"start"));
-        return 0;
+        return AccessObject(read, value, m_start, L"start", this, &CTrip::SetStart);
     case pnStop:
-        read ? value.SetXmlObject(m_stop.Get()) : SetStop(ObjectOf<CPlace>(value, L"stop"));
-        return 0;
+        return AccessObject(read, value, m_stop, L"stop");
     case pnContact:
-        read ? value.SetXmlObject(m_contact.Get()) : SetContact(ObjectOf<CContact>(value, L"contact"));
-        return 0;
+        return AccessObject(read, value, m_contact, L"contact", this, &CTrip::SetContact);
     case pnReadings:
-        read ? value.SetXmlObject(m_readings.Get()) : SetReadings(ObjectOf<CReadings>(value, L"readings"));
-        return 0;
+        return AccessObject(read, value, m_readings, L"readings");
     }
     return UnknownProperty(propertyNumber);
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 // Bindings of testschema.xsd (namespace urn:qx:test:trip), written as the code generator emits them.
+// The classes implement every operation of the contract themselves rather than through
+// TGeneratedClass, so that code written without the library's helpers stays proven.
 
 #include <QxXmlLib16/QxXmlLib16.h>
 

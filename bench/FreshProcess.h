@@ -1,0 +1,43 @@
+#pragma once
+
+// Measurements in fresh processes, as a user's program would run them: the child is forked after
+// the inputs were read into memory, measures, and sends its result back through a pipe.
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <exception>
+#include <type_traits>
+
+namespace bench {
+
+// Runs measure() in a forked child and stores what it returns in result. False when the child
+// failed (a message is printed) or its result did not arrive.
+template <class Result, class Measure>
+bool InFreshProcess(Measure measure, Result& result) {
+    static_assert(std::is_trivially_copyable<Result>::value, "the result travels as bytes");
+    int channel[2];
+    if (pipe(channel) != 0) return false;
+    const pid_t child = fork();
+    if (child == 0) {
+        close(channel[0]);
+        bool sent = false;
+        try {
+            const Result measured = measure();
+            sent = write(channel[1], &measured, sizeof measured) == sizeof measured;
+        } catch (const std::exception& e) {
+            std::fprintf(stderr, "  failed: %s\n", e.what());
+        } catch (...) {
+            std::fprintf(stderr, "  failed\n");
+        }
+        _exit(sent ? 0 : 1);
+    }
+    close(channel[1]);
+    const bool received = child > 0 && read(channel[0], &result, sizeof result) == sizeof result;
+    close(channel[0]);
+    if (child > 0) waitpid(child, nullptr, 0);
+    return received;
+}
+
+} // namespace bench

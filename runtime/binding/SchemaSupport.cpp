@@ -1,0 +1,178 @@
+#include <QxXmlLib16/binding/SchemaSupport.h>
+
+#include <QxXmlLib16/binding/ClassfactoryBase.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
+#include <QxXmlLib16/foundation/Encoder.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/values/BinaryData.h>
+#include <QxXmlLib16/values/QxVariant.h>
+#include <QxXmlLib16/xml/XmlDocument.h>
+
+#include <cwchar>
+
+namespace QxXmlLib16 {
+
+namespace {
+
+[[noreturn]] void ThrowInvalid(const wchar_t* name, const std::wstring& text) {
+    throw CQxInvalidValueException(FormatString(L"Invalid Value for %ls [%ls].", name, text.c_str()));
+}
+
+// The value's text in the kind's canonical form, so that equal values have equal texts.
+std::wstring Canonical(ItemType kind, const std::wstring& text, CWhitespaceUtils::WhitespaceRule rule) {
+    QxVariant value;
+    value.FromString(text, kind, rule);
+    return value.ToString();
+}
+
+} // namespace
+
+void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern) {
+    CXmlObjectHelper::CheckRestrictionForstring(
+        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1));
+}
+
+void CheckValue(ItemType kind, const wchar_t* name, const std::wstring& text,
+                CWhitespaceUtils::WhitespaceRule rule, const CPrimitiveRestrictions& facets) {
+    QxVariant value;
+    try {
+        value.FromString(text, kind, rule);
+    } catch (const CQxException&) {
+        ThrowInvalid(name, text);
+    }
+    CXmlObjectHelper::CheckRestriction(name, value, kind, facets);
+}
+
+void CheckEnumeration(ItemType kind, const wchar_t* name, const std::wstring& text,
+                      CWhitespaceUtils::WhitespaceRule rule, std::initializer_list<const wchar_t*> values) {
+    try {
+        const std::wstring value = Canonical(kind, text, rule);
+        for (const wchar_t* allowed : values)
+            if (Canonical(kind, allowed, rule) == value) return;
+    } catch (const CQxException&) {
+        // not a value of the kind at all
+    }
+    ThrowInvalid(name, text);
+}
+
+void CheckList(const wchar_t* name, const std::wstring& text, long long minLength, long long maxLength,
+               long long length, TextCheckFunction item) {
+    const std::wstring items = CWhitespaceUtils::Collapse(text);
+    long long count = 0;
+    for (size_t start = 0; start < items.size();) {
+        size_t end = items.find(L' ', start);
+        if (end == std::wstring::npos) end = items.size();
+        item(name, items.substr(start, end - start));
+        ++count;
+        start = end + 1;
+    }
+    if ((minLength >= 0 && count < minLength) || (maxLength >= 0 && count > maxLength) ||
+        (length >= 0 && count != length))
+        ThrowInvalid(name, text);
+}
+
+void CheckUnion(const wchar_t* name, const std::wstring& text,
+                std::initializer_list<TextCheckFunction> members) {
+    for (TextCheckFunction member : members) {
+        try {
+            member(name, text);
+            return;
+        } catch (const CQxException&) {
+            // the next member may take it
+        }
+    }
+    ThrowInvalid(name, text);
+}
+
+void CheckFixed(const wchar_t* name, const QxVariant& value, const wchar_t* fixed) {
+    const ItemType kind = value.GetItemType();
+    const std::wstring text = value.ToString();
+    const CWhitespaceUtils::WhitespaceRule rule =
+        kind == itString ? CWhitespaceUtils::wsPreserve : CWhitespaceUtils::wsCollapse;
+    try {
+        if (Canonical(kind, fixed, rule) == Canonical(kind, text, rule)) return;
+    } catch (const CQxException&) {
+        // not a value of the kind
+    }
+    ThrowInvalid(name, text);
+}
+
+// ---- Repeated model groups ----------------------------------------------------------------------
+
+CXmlGroupCollection::CXmlGroupCollection(const wchar_t* groupName, const wchar_t* namespaceURI, int minOccurs,
+                                         int maxOccurs)
+    : CXmlCollection(groupName, namespaceURI, minOccurs, maxOccurs) {}
+
+void CXmlGroupCollection::ToXml_Int(CXmlWriter* writer, bool, const wchar_t* namespaceURI,
+                                    const CSerializationContext& context, bool flag) const {
+    for (CXmlObjectBase* item : *this)
+        CXmlObjectBase::ToXml_Int(item, writer, false, namespaceURI, context, flag);
+}
+
+CXmlElement* CXmlGroupCollection::FromXml_Int(CXmlElement* parent, CXmlElement* current,
+                                              const CSerializationContext& context, bool) {
+    const int maximum = GetMaxOccurs();
+    while (current && (maximum < 0 || GetCount() < maximum)) {
+        const CSmartPtr<CXmlObjectBase> item = NewItem();
+        CXmlElement* stopped = CXmlObjectBase::FromXml_Int(item.Get(), parent, current, context);
+        if (stopped == current) break;
+        AppendItem(item.Get());
+        current = stopped;
+    }
+    return current;
+}
+
+// ---- Choosing a class ---------------------------------------------------------------------------
+
+CSmartPtr<CXmlObjectBase> CreateByType(CXmlElement* element, const STypeEntry* types, size_t count) {
+    const std::wstring name = CClassfactoryBase::GetElementType(element);
+    const STypeEntry* chosen = name.empty() ? types : nullptr;
+    if (!chosen) {
+        const std::wstring ns = CClassfactoryBase::GetElementTypeNamespaceUri(element);
+        for (size_t i = 0; i < count && !chosen; ++i)
+            if (name == types[i].name && ns == types[i].namespaceURI) chosen = &types[i];
+    }
+    if (!chosen || !chosen->create) return nullptr;
+    return chosen->create(element->GetLocalName().c_str());
+}
+
+CDocumentRoots::CDocumentRoots(std::initializer_list<SRootEntry> roots)
+    : m_roots(roots) {}
+
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Read(CXmlElement* root,
+                                               const CSerializationContext& context) const {
+    const bool anyNamespace = context.GetIgnoreNamespaces();
+    for (const SRootEntry& entry : m_roots) {
+        if (root->GetLocalName() != entry.name ||
+            (!anyNamespace && root->GetNamespaceURI() != entry.namespaceURI))
+            continue;
+        CSmartPtr<CXmlObjectBase> object = entry.create(root);
+        if (!object)
+            throw CQxValidationException(
+                FormatString(L"Failed to find a suitable substitution element for [%ls].", entry.name),
+                root->GetXPath());
+        object->FromXmlElement(root, context);
+        return object;
+    }
+    throw CQxValidationException(
+        FormatString(L"The document element [%ls] of namespace [%ls] is not a global element of this schema",
+                     root->GetLocalName().c_str(), root->GetNamespaceURI().c_str()),
+        root->GetXPath());
+}
+
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const wchar_t* fileName,
+                                               const CSerializationContext& context) const {
+    CXmlDocument document(context);
+    document.Load(fileName);
+    return Read(document.GetDocumentElement(), context);
+}
+
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const CBinaryData& data,
+                                               const CSerializationContext& context) const {
+    CXmlDocument document(context);
+    document.LoadXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength());
+    return Read(document.GetDocumentElement(), context);
+}
+
+} // namespace QxXmlLib16

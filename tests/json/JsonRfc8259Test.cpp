@@ -1,0 +1,161 @@
+// With RFC 8259 escaping any string reads back as written, through our reader and through Python's
+// json module: a property over random strings of every kind of character.
+
+#include "json/support/Handlers.h"
+#include "json/support/PythonJson.h"
+
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/json/JsonTextReader.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <fstream>
+#include <random>
+#include <string>
+#include <vector>
+
+using namespace QxXmlLib16;
+
+namespace {
+
+// Random strings drawn from every class of character a string can hold: each control character,
+// the quote, backslash and slash, other ASCII, the rest of the basic plane, characters above
+// U+FFFF (one wide character each), surrogate pairs (two wide characters, as text read through
+// 16-bit units holds them) and lone surrogates.
+std::vector<std::wstring> RandomStrings(size_t count) {
+    std::mt19937 random(20240501);
+    const auto draw = [&](unsigned long low, unsigned long high) {
+        return static_cast<wchar_t>(std::uniform_int_distribution<unsigned long>(low, high)(random));
+    };
+    std::vector<std::wstring> strings;
+    std::wstring controls;
+    for (wchar_t c = 0; c < 0x20; ++c)
+        controls += c;
+    strings.push_back(controls);
+    strings.push_back(L"");
+    while (strings.size() < count) {
+        std::wstring text;
+        const size_t length = std::uniform_int_distribution<size_t>(1, 40)(random);
+        while (text.size() < length) {
+            switch (std::uniform_int_distribution<int>(0, 8)(random)) {
+            case 0:
+                text += draw(0, 0x1F);
+                break;
+            case 1:
+                text += L"\"\\/"[std::uniform_int_distribution<int>(0, 2)(random)];
+                break;
+            case 2:
+            case 3:
+                text += draw(0x20, 0x7F);
+                break;
+            case 4:
+                text += draw(0x80, 0xD7FF);
+                break;
+            case 5:
+                text += draw(0xE000, 0xFFFF);
+                break;
+            case 6:
+                text += draw(0x10000, 0x10FFFF);
+                break;
+            case 7:
+                text += draw(0xD800, 0xDBFF);
+                text += draw(0xDC00, 0xDFFF);
+                break;
+            default:
+                text += draw(0xD800, 0xDFFF);
+            }
+        }
+        strings.push_back(text);
+    }
+    return strings;
+}
+
+// What reading gives back: a high surrogate followed by a low one is the character they encode.
+std::wstring Joined(const std::wstring& text) {
+    std::wstring joined;
+    for (size_t i = 0; i < text.size(); ++i) {
+        const unsigned long c = static_cast<unsigned long>(text[i]);
+        const unsigned long next = i + 1 < text.size() ? static_cast<unsigned long>(text[i + 1]) : 0;
+        if (c >= 0xD800 && c <= 0xDBFF && next >= 0xDC00 && next <= 0xDFFF) {
+            joined += static_cast<wchar_t>(0x10000 + ((c - 0xD800) << 10) + (next - 0xDC00));
+            ++i;
+        } else {
+            joined += text[i];
+        }
+    }
+    return joined;
+}
+
+// {"r": {"s": [...]}}, the strings written as a collection of string elements.
+std::wstring Document(const std::vector<std::wstring>& strings, bool formatted) {
+    CTextStream stream;
+    CJsonTextWriter writer(stream);
+    writer.SetRfc8259Escaping(true);
+    writer.SetFormat(formatted);
+    writer.WriteStartDocument();
+    writer.WriteStartElement(L"r", L"");
+    writer.SetContextState(CXmlWriter::csArrayStarting);
+    for (const std::wstring& text : strings) {
+        writer.WriteStartElement(L"s", L"");
+        writer.WriteString(text, itString, false);
+        writer.WriteEndElement();
+    }
+    writer.SetContextState(CXmlWriter::csArrayComplete);
+    writer.WriteEndElement();
+    writer.WriteEndDocument();
+    writer.Close();
+    return std::wstring(stream.GetText(), stream.GetLength());
+}
+
+std::vector<std::wstring> ReadStrings(const std::wstring& json) {
+    struct Strings : CIgnoringHandler {
+        std::vector<std::wstring> values;
+        void ReadString(const std::wstring& value) override { values.push_back(value); }
+    } strings;
+    CJsonTextReader reader(json);
+    reader.SetJsonReaderHandler(&strings);
+    reader.Read();
+    return strings.values;
+}
+
+const size_t kStrings = 3000;
+
+} // namespace
+
+TEST(JsonRfc8259, EveryStringReadsBackThroughOurReader) {
+    const std::vector<std::wstring> strings = RandomStrings(kStrings);
+    for (bool formatted : {false, true}) {
+        const std::vector<std::wstring> read = ReadStrings(Document(strings, formatted));
+        ASSERT_EQ(strings.size(), read.size());
+        for (size_t i = 0; i < strings.size(); ++i)
+            EXPECT_EQ(Joined(strings[i]), read[i]) << "string " << i;
+    }
+}
+
+TEST(JsonRfc8259, EveryStringReadsBackThroughPython) {
+    const std::vector<std::wstring> strings = RandomStrings(kStrings);
+    const std::string document = PythonJson::WriteUtf8File("rfc8259.json", Document(strings, true));
+    const std::string expected = testing::TempDir() + "rfc8259.expected";
+    {
+        std::ofstream out(expected);
+        for (const std::wstring& text : strings) {
+            for (wchar_t c : Joined(text))
+                out << std::hex << static_cast<unsigned long>(c) << ' ';
+            out << '\n';
+        }
+    }
+    EXPECT_EQ("", PythonJson::Run({"--strings", document, expected}));
+    std::remove(document.c_str());
+    std::remove(expected.c_str());
+}
+
+// The output is plain ASCII apart from the characters themselves: no raw control character and no
+// surrogate, whatever the strings held.
+TEST(JsonRfc8259, NothingRawThatAParserRefuses) {
+    for (wchar_t c : Document(RandomStrings(kStrings), false)) {
+        ASSERT_FALSE(c < 0x20) << static_cast<unsigned long>(c);
+        ASSERT_FALSE(c >= 0xD800 && c <= 0xDFFF) << static_cast<unsigned long>(c);
+    }
+}

@@ -1,0 +1,401 @@
+// The JSON writer on its own, driven as the binding drives it: element, attribute and text calls,
+// with the context states a collection descriptor sets around its items.
+
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/json/JsonTextWriter.h>
+
+#include "json/support/WriterCalls.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+using namespace QxXmlLib16;
+using namespace WriterCalls;
+
+namespace {
+
+struct Options {
+    JsonRoundTrip level = jrtFull;
+    bool format = false;
+    bool rfc8259 = false;
+    EOLType eol = eolLF;
+};
+
+// The whole document the writes make inside the document frame.
+std::wstring Json(const Writes& writes, Options options = Options()) {
+    CTextStream stream;
+    CJsonTextWriter writer(stream);
+    writer.Open();
+    writer.SetSupportRoundtrip(options.level);
+    writer.SetFormat(options.format);
+    writer.SetRfc8259Escaping(options.rfc8259);
+    writer.SetEOLType(options.eol);
+    writer.WriteStartDocument();
+    writes(writer);
+    writer.WriteEndDocument();
+    writer.Close();
+    return stream.GetText();
+}
+
+std::wstring Thrown(const Writes& writes, Options options = Options()) {
+    try {
+        Json(writes, options);
+    } catch (const CQxException& e) {
+        return e.GetMessage();
+    }
+    return L"(nothing thrown)";
+}
+
+Writes Root(const Writes& content) {
+    return [content](CXmlWriter& w) { Element(w, L"r", content); };
+}
+
+} // namespace
+
+TEST(JsonWriterValues, IntegerKindsAreLiteralsAndStringsQuoted) {
+    EXPECT_EQ(L"{\"r\": {\"a\": 5}}", Json(Root([](CXmlWriter& w) { Value(w, L"a", L"5", itI4); })));
+    EXPECT_EQ(L"{\"r\": {\"a\": \"5\"}}", Json(Root([](CXmlWriter& w) { Value(w, L"a", L"5"); })));
+}
+
+// Texts of the numeric and boolean kinds that are no JSON literal are strings, so that the output
+// stays JSON.
+TEST(JsonWriterValues, LiteralsOnlyWhereTheTextIsOne) {
+    struct Case {
+        ItemType type;
+        const wchar_t* text;
+        const wchar_t* written;
+    } const cases[] = {
+        {itR8, L"1.5E-3", L"1.5E-3"},
+        {itR8, L"-0", L"-0"},
+        {itR8, L"INF", L"\"INF\""},
+        {itR4, L"NaN", L"\"NaN\""},
+        {itI4, L"+5", L"\"+5\""},
+        {itI4, L"007", L"\"007\""},
+        {itDecimal, L"12.50", L"12.50"},
+        {itDecimal, L".5", L"\".5\""},
+        {itDecimal, L"5.", L"\"5.\""},
+        {itInteger, L"123456789012345678901234567890", L"123456789012345678901234567890"},
+        {itBoolean, L"true", L"true"},
+        {itBoolean, L"0", L"0"},
+        {itBoolean, L"TRUE", L"\"TRUE\""},
+        {itDateTime, L"2024", L"\"2024\""},
+        {itString, L"true", L"\"true\""},
+        {itI8, L"1e", L"\"1e\""},
+    };
+    for (const Case& c : cases) {
+        CTextStream stream;
+        CJsonTextWriter writer(stream);
+        writer.WriteValue(c.text, c.type);
+        EXPECT_EQ(c.written, std::wstring(stream.GetText())) << c.type;
+    }
+}
+
+TEST(JsonWriterLevels, AttributeAndTextKeys) {
+    const Writes attributeAndText = Root([](CXmlWriter& w) {
+        w.WriteStartElement(L"a", L"");
+        w.WriteAttributeString(L"x", L"", L"1", itString);
+        w.WriteString(L"t", itString, false);
+        w.WriteEndElement();
+    });
+    Options options;
+    options.level = jrtMarkers;
+    EXPECT_EQ(L"{\"r\": {\"a\": {\"@x\": \"1\",\"#text\": \"t\"}}}", Json(attributeAndText, options));
+    options.level = jrtNone;
+    EXPECT_EQ(L"{\"r\": {\"a\": {\"x\": \"1\",\"\": \"t\"}}}", Json(attributeAndText, options));
+}
+
+TEST(JsonWriterLevels, NamespacesOnlyAtLevelTwo) {
+    const Writes qualified = [](CXmlWriter& w) {
+        w.AddNamespace(L"p", L"urn:p");
+        w.WriteStartElement(L"r", L"urn:r");
+        w.WriteStartElement(L"c", L"urn:p");
+        w.WriteAttributeString(L"lang", CXmlWriter::XML_NAMESPACE, L"en", itString);
+        w.WriteAttributeString(L"q", L"urn:p", L"1", itI4);
+        w.WriteEndElement();
+        w.WriteEndElement();
+    };
+    EXPECT_EQ(L"{\"AA:r\": {\"@xmlns:AA\": \"urn:r\",\"@xmlns:p\": \"urn:p\",\"p:c\": {\"@xml:lang\": "
+              L"\"en\",\"@p:q\": 1}}}",
+              Json(qualified));
+    Options options;
+    options.level = jrtMarkers;
+    EXPECT_EQ(L"{\"r\": {\"c\": {\"@lang\": \"en\",\"@q\": 1}}}", Json(qualified, options));
+}
+
+TEST(JsonWriterLevels, DefaultNamespaceNeedsNoPrefix) {
+    EXPECT_EQ(L"{\"r\": {\"@xmlns\": \"urn:r\",\"a\": 1}}", Json([](CXmlWriter& w) {
+                  w.SetDefaultNamespace(L"urn:r");
+                  w.WriteStartElement(L"r", L"urn:r");
+                  w.WriteStartElement(L"a", L"urn:r");
+                  w.WriteString(L"1", itI4, false);
+                  w.WriteEndElement();
+                  w.WriteEndElement();
+              }));
+}
+
+TEST(JsonWriterLevels, NamespacesBelowTheRootMustBeDeclaredThere) {
+    EXPECT_EQ(L"Unknown Namespace: c.", Thrown([](CXmlWriter& w) {
+                  w.WriteStartElement(L"r", L"urn:r");
+                  w.WriteStartElement(L"c", L"urn:undeclared");
+              }));
+    EXPECT_EQ(L"Unknown Namespace: x.", Thrown([](CXmlWriter& w) {
+                  w.WriteStartElement(L"r", L"");
+                  w.WriteAttributeString(L"x", L"urn:undeclared", L"1", itString);
+              }));
+    EXPECT_EQ(L"Unknown Namespace: type.", Thrown([](CXmlWriter& w) {
+                  w.AddNamespace(L"xsi", CXmlWriter::XSI_NAMESPACE);
+                  w.WriteStartElement(L"r", L"");
+                  w.WriteAttributeType(L"urn:types", L"T", itString);
+              }));
+    // At the lower levels namespaces are simply left out.
+    Options options;
+    options.level = jrtMarkers;
+    EXPECT_EQ(L"{\"r\": {\"c\": {\"@type\": \"T\"}}}", Json(
+                                                           [](CXmlWriter& w) {
+                                                               w.WriteStartElement(L"r", L"urn:r");
+                                                               w.WriteStartElement(L"c", L"urn:other");
+                                                               w.WriteAttributeType(L"urn:types", L"T",
+                                                                                    itString);
+                                                               w.WriteEndElement();
+                                                               w.WriteEndElement();
+                                                           },
+                                                           options));
+}
+
+TEST(JsonWriterLevels, TypeAttributeWithItsPrefix) {
+    // Declarations in the order of their URIs.
+    EXPECT_EQ(L"{\"r\": {\"@xmlns:xsi\": \"http://www.w3.org/2001/XMLSchema-instance\",\"@xmlns:t\": "
+              L"\"urn:types\",\"@xsi:type\": \"t:T\"}}",
+              Json([](CXmlWriter& w) {
+                  w.AddNamespace(L"xsi", CXmlWriter::XSI_NAMESPACE);
+                  w.AddNamespace(L"t", L"urn:types");
+                  w.WriteStartElement(L"r", L"");
+                  w.WriteAttributeType(L"urn:types", L"T", itString);
+                  w.WriteEndElement();
+              }));
+}
+
+TEST(JsonWriterArrays, RepeatedObjectsFormattedAsTheSpecimen) {
+    Options options;
+    options.format = true;
+    EXPECT_EQ(L"{\n\t\"R\": {\n\t\t\"G\": [\n\t\t\t{\n\t\t\t\t\"b\": 1\n\t\t\t},\n\t\t\t{\n\t\t\t\t\"b\": 2\n"
+              L"\t\t\t}\n\t\t]\n\t}\n}",
+              Json(
+                  [](CXmlWriter& w) {
+                      Element(w, L"R", [](CXmlWriter& w) {
+                          Collection(w, [](CXmlWriter& w) {
+                              Element(w, L"G", [](CXmlWriter& w) { Value(w, L"b", L"1", itI4); });
+                              Element(w, L"G", [](CXmlWriter& w) { Value(w, L"b", L"2", itI4); });
+                          });
+                      });
+                  },
+                  options));
+}
+
+// Repeated simple elements are an array of values, so that a collection of primitives reads back
+// as a collection.
+TEST(JsonWriterArrays, RepeatedValuesAreAnArrayOfValues) {
+    EXPECT_EQ(L"{\"r\": {\"v\": [1,2,3]}}", Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
+                      for (const wchar_t* text : {L"1", L"2", L"3"})
+                          Value(w, L"v", text, itI4);
+                  });
+              })));
+    Options options;
+    options.format = true;
+    EXPECT_EQ(L"{\n\t\"r\": {\n\t\t\"v\": [\n\t\t\t\"a\",\n\t\t\t\"b\"\n\t\t]\n\t}\n}",
+              Json(Root([](CXmlWriter& w) {
+                       Collection(w, [](CXmlWriter& w) {
+                           Value(w, L"v", L"a");
+                           Value(w, L"v", L"b");
+                       });
+                   }),
+                   options));
+}
+
+TEST(JsonWriterArrays, MembersAfterACollectionAndCollectionsInARow) {
+    EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"b\": [{\"c\": 3},null],\"z\": \"end\"}}",
+              Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
+                      Value(w, L"a", L"1", itI4);
+                      Value(w, L"a", L"2", itI4);
+                  });
+                  Collection(w, [](CXmlWriter& w) {
+                      Element(w, L"b", [](CXmlWriter& w) { Value(w, L"c", L"3", itI4); });
+                      Element(w, L"b", [](CXmlWriter& w) { w.WriteAttributeNil(); });
+                  });
+                  Value(w, L"z", L"end");
+              })));
+}
+
+// The items of a repeated group are elements of several names: each name change ends the array, so
+// that every element keeps its key and the order survives.
+TEST(JsonWriterArrays, ItemsOfSeveralNamesKeepTheirKeys) {
+    EXPECT_EQ(L"{\"r\": {\"a\": [1],\"b\": 2,\"a\": 3,\"b\": 4}}", Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
+                      Value(w, L"a", L"1", itI4);
+                      Value(w, L"b", L"2", itI4);
+                      Value(w, L"a", L"3", itI4);
+                      Value(w, L"b", L"4", itI4);
+                  });
+              })));
+}
+
+TEST(JsonWriterArrays, TextAfterRepeatedChildrenClosesTheArray) {
+    EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"#text\": \"t\"}}", Json(Root([](CXmlWriter& w) {
+                  Collection(w, [](CXmlWriter& w) {
+                      Value(w, L"a", L"1", itI4);
+                      Value(w, L"a", L"2", itI4);
+                  });
+                  w.WriteString(L"t", itString, false);
+              })));
+}
+
+TEST(JsonWriterEmpty, NilIsNullAndNothingIsAnEmptyObject) {
+    EXPECT_EQ(L"{\"r\": {\"n\": null,\"e\": {},\"s\": \"\",\"a\": {\"@x\": 1,\"#text\": null}}}",
+              Json(Root([](CXmlWriter& w) {
+                  Element(w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); });
+                  Element(w, L"e", [](CXmlWriter&) {});
+                  Value(w, L"s", L"");
+                  Element(w, L"a", [](CXmlWriter& w) {
+                      w.WriteAttributeString(L"x", L"", L"1", itI4);
+                      w.WriteAttributeNil();
+                  });
+              })));
+}
+
+TEST(JsonWriterMisuse, ContentOutOfOrderIsRefused) {
+    EXPECT_EQ(L"Attributes must be added before elements", Thrown(Root([](CXmlWriter& w) {
+                  Value(w, L"a", L"1");
+                  w.WriteAttributeString(L"x", L"", L"1", itString);
+              })));
+    EXPECT_EQ(L"Attributes must be added before elements", Thrown([](CXmlWriter& w) {
+                  w.WriteStartElement(L"r", L"");
+                  w.WriteString(L"v", itString, false);
+                  w.WriteAttributeNil();
+              }));
+    EXPECT_EQ(L"The element [r] already has a value: JSON has no place for further content after it.",
+              Thrown([](CXmlWriter& w) {
+                  w.WriteStartElement(L"r", L"");
+                  w.WriteString(L"v", itString, false);
+                  w.WriteStartElement(L"c", L"");
+              }));
+    EXPECT_EQ(L"No Element is open.", Thrown([](CXmlWriter& w) { w.WriteEndElement(); }));
+    EXPECT_EQ(L"An Element has not been closed.",
+              Thrown([](CXmlWriter& w) { w.WriteStartElement(L"r", L""); }));
+    CTextStream stream;
+    CJsonTextWriter writer(stream);
+    EXPECT_THROW(writer.SetEOLType(EOLType(2)), CQxException);
+    EXPECT_THROW(writer.SetSupportRoundtrip(JsonRoundTrip(3)), CQxInvalidParamException);
+}
+
+// Default escaping keeps the established form; the RFC 8259 mode escapes what the RFC requires.
+TEST(JsonWriterEscaping, BothModesCharacterByCharacter) {
+    struct Case {
+        const wchar_t* text;
+        const wchar_t* established;
+        const wchar_t* rfc8259;
+    } const cases[] = {
+        {L"a\"b", L"\"a\"b\"", L"\"a\\\"b\""},
+        {L"a\\b", L"\"a\\b\"", L"\"a\\\\b\""},
+        {L"\t\b\f", L"\"\t\b\f\"", L"\"\\t\\b\\f\""},
+        {L"a\nb", L"\"a\r\nb\"", L"\"a\\nb\""},
+        {L"a\rb", L"\"ab\"", L"\"a\\rb\""},
+        {L"\x01\x1F", L"\"\\u0001\\u001F\"", L"\"\\u0001\\u001F\""},
+        {L"/\x7F\xE9\x1F600", L"\"/\x7F\xE9\x1F600\"", L"\"/\x7F\xE9\x1F600\""},
+        {L"\xD83D\xDE00", L"\"\xD83D\xDE00\"", L"\"\\uD83D\\uDE00\""},
+    };
+    for (const Case& c : cases) {
+        for (bool rfc8259 : {false, true}) {
+            CTextStream stream;
+            CJsonTextWriter writer(stream);
+            writer.SetEOLType(eolCRLF);
+            writer.SetRfc8259Escaping(rfc8259);
+            writer.WriteValue(c.text, itString);
+            EXPECT_EQ(rfc8259 ? c.rfc8259 : c.established, std::wstring(stream.GetText()));
+        }
+    }
+}
+
+TEST(JsonWriterEscaping, KeysAndNamespaceUrisAreStringsToo) {
+    Options options;
+    options.rfc8259 = true;
+    EXPECT_EQ(L"{\"r\": {\"@xmlns\": \"urn:\\\"q\\\"\",\"a\\\\b\": 1}}",
+              Json(
+                  [](CXmlWriter& w) {
+                      w.SetDefaultNamespace(L"urn:\"q\"");
+                      w.WriteStartElement(L"r", L"");
+                      Value(w, L"a\\b", L"1", itI4);
+                      w.WriteEndElement();
+                  },
+                  options));
+}
+
+TEST(JsonWriterComments, BetweenMembersAndLeftOutUnderRfc8259) {
+    const Writes withComment = Root([](CXmlWriter& w) {
+        w.WriteComment(L"a */ b");
+        Value(w, L"a", L"1", itI4);
+    });
+    EXPECT_EQ(L"{\"r\": /* a * / b */\n{\"a\": 1}}", Json(withComment));
+    Options options;
+    options.rfc8259 = true;
+    EXPECT_EQ(L"{\"r\": {\"a\": 1}}", Json(withComment, options));
+}
+
+TEST(JsonWriterLayout, LineEndsFollowTheEolType) {
+    Options options;
+    options.format = true;
+    options.eol = eolCRLF;
+    EXPECT_EQ(L"{\r\n\t\"r\": {\r\n\t\t\"@x\": 1,\r\n\t\t\"a\": \"l1\r\nl2\"\r\n\t}\r\n}",
+              Json(Root([](CXmlWriter& w) {
+                       w.WriteAttributeString(L"x", L"", L"1", itI4);
+                       Value(w, L"a", L"l1\nl2");
+                   }),
+                   options));
+}
+
+// The writer flushes whenever 4096 characters wait, so a file stream never holds more than that
+// plus one piece.
+TEST(JsonWriterLayout, FlushesInBlocks) {
+    struct CountingStream : CTextStream {
+        void Flush() override {
+            largest = std::max(largest, static_cast<unsigned long>(GetLength()));
+            total += GetLength();
+            m_buffer.Empty();
+        }
+        unsigned long largest = 0, total = 0;
+    } stream;
+    CJsonTextWriter writer(stream);
+    writer.WriteStartDocument();
+    writer.WriteStartElement(L"r", L"");
+    writer.SetContextState(CXmlWriter::csArrayStarting);
+    for (int i = 0; i < 5000; ++i)
+        Value(writer, L"item", L"some text of the item", itString);
+    writer.SetContextState(CXmlWriter::csArrayComplete);
+    writer.WriteEndElement();
+    writer.WriteEndDocument();
+    EXPECT_GE(stream.total, 5000UL * 20);
+    EXPECT_LT(stream.largest, 4096UL + 100);
+}
+
+// The writer keeps no recursion of its own: a million nested elements write in linear time.
+TEST(JsonWriterLayout, DeepNestingWritesIteratively) {
+    const int depth = 1000000;
+    CTextStream stream;
+    CJsonTextWriter writer(stream);
+    writer.SetFormat(false);
+    writer.WriteStartDocument();
+    for (int i = 0; i < depth; ++i)
+        writer.WriteStartElement(L"e", L"");
+    for (int i = 0; i < depth; ++i)
+        writer.WriteEndElement();
+    writer.WriteEndDocument();
+    writer.Close();
+    const std::wstring text(stream.GetText(), stream.GetLength());
+    EXPECT_EQ(static_cast<size_t>(depth) * 7 + 2, text.size()); // {"e": {"e": ... {} ... }}
+    EXPECT_EQ(L"{\"e\": {\"e\": {", text.substr(0, 13));
+    EXPECT_EQ(L"{}}", text.substr(text.size() - depth - 2, 3));
+}
