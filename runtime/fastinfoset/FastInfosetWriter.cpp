@@ -163,7 +163,10 @@ void CFastInfosetWriter::WriteStartElement(const std::wstring& localName, const 
     }
     bool isNew;
     const std::wstring* prefix = ElementPrefix(context, isNew);
-    m_elementPrefix = prefix ? *prefix : std::wstring();
+    if (prefix)
+        m_elementPrefix = *prefix;
+    else
+        m_elementPrefix.clear();
     if (isNew) Declare(m_elementPrefix, namespaceURI);
     // An element in no namespace within a default namespace must undeclare it, or its name would
     // take that namespace.

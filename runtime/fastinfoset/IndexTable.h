@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cwchar>
 #include <string>
 #include <vector>
 
@@ -72,8 +73,10 @@ private:
         return empty;
     }
 
-    // Short strings compare faster in a loop than through a library call.
+    // Short strings (local names, values) compare faster in a loop than through a library call,
+    // long ones (namespace URIs) the other way round.
     static bool Same(const wchar_t* stored, const std::wstring& text) {
+        if (text.size() > 8) return std::wmemcmp(stored, text.data(), text.size()) == 0;
         for (size_t i = 0; i < text.size(); ++i)
             if (stored[i] != text[i]) return false;
         return true;
