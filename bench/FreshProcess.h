@@ -6,9 +6,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <functional>
 #include <type_traits>
+#include <vector>
 
 namespace bench {
 
@@ -38,6 +42,22 @@ bool InFreshProcess(Measure measure, Result& result) {
     close(channel[0]);
     if (child > 0) waitpid(child, nullptr, 0);
     return received;
+}
+
+// One figure of a fresh process: the seconds a phase took, and the bytes it read or wrote.
+struct Sample {
+    double seconds;
+    unsigned long bytes;
+};
+
+// The median over runs fresh processes of what measure times; exits when a run fails.
+inline Sample Median(int runs, const std::function<Sample()>& measure) {
+    std::vector<Sample> samples(static_cast<size_t>(runs));
+    for (Sample& sample : samples)
+        if (!InFreshProcess(measure, sample)) std::exit(1);
+    std::sort(samples.begin(), samples.end(),
+              [](const Sample& a, const Sample& b) { return a.seconds < b.seconds; });
+    return samples[samples.size() / 2];
 }
 
 } // namespace bench

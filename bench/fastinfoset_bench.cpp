@@ -50,20 +50,8 @@ CBinaryData WriteFastInfoset(const Gpx::CGpx& gpx, CompressionType compression =
     return gpx.ToFastInfosetStream(fidNone, GpxContext(), compression);
 }
 
-struct Sample {
-    double seconds;
-    unsigned long bytes;
-};
-
-// The median over runs fresh processes of what measure times; exits when a run fails.
-Sample Median(int runs, const std::function<Sample()>& measure) {
-    std::vector<Sample> samples(static_cast<size_t>(runs));
-    for (Sample& sample : samples)
-        if (!bench::InFreshProcess(measure, sample)) std::exit(1);
-    std::sort(samples.begin(), samples.end(),
-              [](const Sample& a, const Sample& b) { return a.seconds < b.seconds; });
-    return samples[samples.size() / 2];
-}
+using bench::Median;
+using bench::Sample;
 
 Sample TimedWrite(const Bytes& xml, CBinaryData (*write)(const Gpx::CGpx&, CompressionType)) {
     const CSmartPtr<Gpx::CGpx> gpx = Load(xml);

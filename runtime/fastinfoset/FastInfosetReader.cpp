@@ -486,45 +486,37 @@ const std::wstring& CFastInfosetReader::NonIdentifyingStringOrIndexBit3(unsigned
 }
 
 void CFastInfosetReader::EncodedCharacterStringBit3(unsigned char first) {
-    const unsigned discriminant = (first >> 4) & 0x03;
-    if (discriminant < 2) {
-        const uint64_t length = NonEmptyOctetStringBit5Length(first);
-        const unsigned char* octets = Move(length);
-        if (discriminant == 0)
-            NonEmptyOctetUTF8String(octets, length);
-        else
-            NonEmptyOctetUTF16BEString(octets, length);
-        return;
-    }
-    const unsigned char second = Next();
-    const unsigned index = (((first & 0x0F) << 4) | (second >> 4)) + 1;
-    const uint64_t length = NonEmptyOctetStringBit5Length(second);
-    const unsigned char* octets = Move(length);
-    if (discriminant == 2)
-        NonEmptyOctetRestrictedAlphabetString(index, octets, length);
-    else
-        NonEmptyOctetEncryptedString(index, octets, length);
+    EncodedCharacterString(first, 4, &CFastInfosetReader::NonEmptyOctetStringBit5Length);
 }
 
 void CFastInfosetReader::EncodedCharacterStringBit5(unsigned char first) {
-    const unsigned discriminant = (first >> 2) & 0x03;
+    EncodedCharacterString(first, 2, &CFastInfosetReader::NonEmptyOctetStringBit7Length);
+}
+
+// The two forms differ only in where they start: the discriminant sits just above the shift bits
+// of the first octet; UTF-8 and UTF-16 take their length from the first octet, alphabets and
+// algorithms have the 8-bit table index split over the first and the second and their length in the
+// second.
+void CFastInfosetReader::EncodedCharacterString(unsigned char first, unsigned shift,
+                                                uint64_t (CFastInfosetReader::*length)(unsigned char)) {
+    const unsigned discriminant = (first >> shift) & 0x03;
     if (discriminant < 2) {
-        const uint64_t length = NonEmptyOctetStringBit7Length(first);
-        const unsigned char* octets = Move(length);
+        const uint64_t count = (this->*length)(first);
+        const unsigned char* octets = Move(count);
         if (discriminant == 0)
-            NonEmptyOctetUTF8String(octets, length);
+            NonEmptyOctetUTF8String(octets, count);
         else
-            NonEmptyOctetUTF16BEString(octets, length);
+            NonEmptyOctetUTF16BEString(octets, count);
         return;
     }
     const unsigned char second = Next();
-    const unsigned index = (((first & 0x03) << 6) | (second >> 2)) + 1;
-    const uint64_t length = NonEmptyOctetStringBit7Length(second);
-    const unsigned char* octets = Move(length);
+    const unsigned index = (((first & ((1u << shift) - 1)) << (8 - shift)) | (second >> shift)) + 1;
+    const uint64_t count = (this->*length)(second);
+    const unsigned char* octets = Move(count);
     if (discriminant == 2)
-        NonEmptyOctetRestrictedAlphabetString(index, octets, length);
+        NonEmptyOctetRestrictedAlphabetString(index, octets, count);
     else
-        NonEmptyOctetEncryptedString(index, octets, length);
+        NonEmptyOctetEncryptedString(index, octets, count);
 }
 
 void CFastInfosetReader::NonEmptyOctetUTF8String(const unsigned char* octets, size_t length) {

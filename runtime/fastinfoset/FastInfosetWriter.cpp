@@ -585,33 +585,36 @@ CFastInfosetWriter::Encoded CFastInfosetWriter::Encode(const wchar_t* text, size
 // '0' literal, the add-to-table bit (in leading), then the discriminant on the third bit.
 void CFastInfosetWriter::EncodedCharacterStringBit3(unsigned char leading, const wchar_t* text, size_t length,
                                                     Encoding encoding) {
-    const Encoded encoded =
+    EncodedCharacterString(
+        leading, 4, &CFastInfosetWriter::NonEmptyOctetStringBit5,
         Encode(text, length, encoding,
-               L"Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit5.");
-    if (encoded.discriminant == 0) {
-        NonEmptyOctetStringBit5(leading, nullptr, Utf8Length(text, length));
-        PutUtf8(text, length);
-        return;
-    }
-    const unsigned v = encoded.index - 1;
-    Put(leading | static_cast<unsigned char>(encoded.discriminant << 4) | static_cast<unsigned char>(v >> 4));
-    NonEmptyOctetStringBit5(static_cast<unsigned char>((v & 0x0F) << 4), encoded.octets, encoded.length);
+               L"Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit5."),
+        text, length);
 }
 
 // '10' chunk, '0' literal, the add-to-table bit (in leading), then the discriminant on the fifth bit.
 void CFastInfosetWriter::EncodedCharacterStringBit5(unsigned char leading, const wchar_t* text, size_t length,
                                                     Encoding encoding) {
-    const Encoded encoded =
+    EncodedCharacterString(
+        leading, 2, &CFastInfosetWriter::NonEmptyOctetStringBit7,
         Encode(text, length, encoding,
-               L"Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit7.");
+               L"Failed to write FastInfoset. Unknown encoding in EncodedCharacterStringBit7."),
+        text, length);
+}
+
+// The discriminant just above the shift bits of the first octet; UTF-8 has its length in that octet,
+// alphabets and algorithms split their 8-bit table index over it and the next, which holds the length.
+void CFastInfosetWriter::EncodedCharacterString(unsigned char leading, unsigned shift, OctetStringForm form,
+                                                const Encoded& encoded, const wchar_t* text, size_t length) {
     if (encoded.discriminant == 0) {
-        NonEmptyOctetStringBit7(leading, nullptr, Utf8Length(text, length));
+        (this->*form)(leading, nullptr, Utf8Length(text, length));
         PutUtf8(text, length);
         return;
     }
     const unsigned v = encoded.index - 1;
-    Put(leading | static_cast<unsigned char>(encoded.discriminant << 2) | static_cast<unsigned char>(v >> 6));
-    NonEmptyOctetStringBit7(static_cast<unsigned char>((v & 0x3F) << 2), encoded.octets, encoded.length);
+    Put(leading | static_cast<unsigned char>(encoded.discriminant << shift) |
+        static_cast<unsigned char>(v >> (8 - shift)));
+    (this->*form)(static_cast<unsigned char>((v << shift) & 0xFF), encoded.octets, encoded.length);
 }
 
 } // namespace QxXmlLib16

@@ -98,6 +98,8 @@ private:
     // Literals decoded into m_text.
     void EncodedCharacterStringBit3(unsigned char first);
     void EncodedCharacterStringBit5(unsigned char first);
+    void EncodedCharacterString(unsigned char first, unsigned shift,
+                                uint64_t (CFastInfosetReader::*length)(unsigned char));
     void NonEmptyOctetUTF8String(const unsigned char* octets, size_t length);
     void NonEmptyOctetUTF16BEString(const unsigned char* octets, size_t length);
     void NonEmptyOctetRestrictedAlphabetString(unsigned alphabet, const unsigned char* octets, size_t length);

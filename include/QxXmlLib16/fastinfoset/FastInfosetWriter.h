@@ -113,6 +113,9 @@ private:
         size_t length;
     };
 
+    typedef void (CFastInfosetWriter::*OctetStringForm)(unsigned char, const unsigned char*, size_t);
+    void EncodedCharacterString(unsigned char leading, unsigned shift, OctetStringForm form,
+                                const Encoded& encoded, const wchar_t* text, size_t length);
     void Put(unsigned char octet) {
         if (m_length == m_capacity) Room(1);
         m_octets[m_length++] = octet;

@@ -1,6 +1,8 @@
 #include "Documents.h"
 
 #include "binding/support/ContentSchema.h"
+#include "binding/support/GroupsSchema.h"
+#include "binding/support/ProofDocuments.h"
 #include "binding/support/Trips.h"
 
 #include <algorithm>
@@ -12,19 +14,6 @@ using namespace QxXmlLib16;
 
 namespace FiDocuments {
 
-const wchar_t kFullBag[] =
-    LR"(<bag xmlns="urn:qx:test:content" xmlns:a="urn:qx:a" xmlns:b="urn:qx:b" xmlns:o="urn:qx:o" a:tag="t1">)"
-    L"<hex>0FA1</hex><hex>FF</hex><b64>AQID</b64><i1>-128</i1><i1>127</i1><i2>-32768</i2>"
-    L"<i4>0</i4><i4>100</i4><i8>-9223372036854775808</i8><ui1>255</ui1><ui2>65535</ui2>"
-    L"<ui4>4294967295</ui4><ui8>18446744073709551615</ui8><r4>1.5</r4><r8>-2.25E10</r8>"
-    L"<dur>P1Y2M3DT4H5M6S</dur><ym>2024-02</ym><md>--12-25</md><yr>1999</yr><mo>--07</mo><dy>---31</dy>"
-    L"<date>2024-02-29</date><date>1970-01-01</date><dt>2024-01-02T03:04:05</dt><tm>23:59:59</tm>"
-    L"<str>abc</str><str> x y </str><bool>true</bool><bool>false</bool><dec>123.45</dec>"
-    L"<int>-1234567890123456789012</int><shade>dark</shade><shade>light</shade>"
-    L"<o:any o:k=\"v\"><o:deep>text</o:deep></o:any><local xmlns=\"\">plain</local>"
-    L"<a:one>1</a:one><b:two/><own><note>n</note></own><free/><o:free2>x</o:free2>"
-    L"</bag>";
-
 std::vector<Bound> SchemaObjects() {
     typedef CSmartPtr<CXmlObjectBase> Object;
     const std::pair<const char*, std::function<Object()>> objects[] = {
@@ -34,8 +23,14 @@ std::vector<Bound> SchemaObjects() {
         {"fullBag",
          [] {
              CSmartPtr<ContentSchema::CBag> bag(new ContentSchema::CBag);
-             bag->FromXml(kFullBag);
+             bag->FromXml(ProofDocuments::kContentFull);
              return Object(bag.Get());
+         }},
+        {"fullGroups",
+         [] {
+             CSmartPtr<GroupsSchema::CGroups> groups(new GroupsSchema::CGroups);
+             groups->FromXml(ProofDocuments::Groups().c_str());
+             return Object(groups.Get());
          }},
     };
     std::vector<Bound> bound;

@@ -10,16 +10,15 @@
 
 namespace FiDocuments {
 
-// The test schema's bag with every built-in value type and wildcard filled in.
-extern const wchar_t kFullBag[];
-
 // A bound object to write, by name.
 struct Bound {
     std::string name;
     std::function<QxXmlLib16::CSmartPtr<QxXmlLib16::CXmlObjectBase>()> make;
     bool suggested; // write under the suggested encodings
 };
-// The trips and the bag, under the default and the suggested encodings.
+// The trips, the content schema's bag (every built-in value type, every wildcard) and the groups
+// schema's document (choices, all groups, derived types), under the default and the suggested
+// encodings.
 std::vector<Bound> SchemaObjects();
 
 // The schema-valid real GPX documents of the shared folder, and the one with long decimals.
