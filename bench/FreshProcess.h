@@ -3,6 +3,8 @@
 // Measurements in fresh processes, as a user's program would run them: the child is forked after
 // the inputs were read into memory, measures, and sends its result back through a pipe.
 
+#include <QxXmlLib16/foundation/Exceptions.h>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +13,8 @@
 #include <cstdlib>
 #include <exception>
 #include <functional>
+#include <stdexcept>
+#include <string>
 #include <type_traits>
 #include <vector>
 
@@ -50,11 +54,20 @@ struct Sample {
     unsigned long bytes;
 };
 
-// The median over runs fresh processes of what measure times; exits when a run fails.
+// The median over runs fresh processes of what measure times; exits when a run fails, with the
+// library's message.
 inline Sample Median(int runs, const std::function<Sample()>& measure) {
+    const auto reporting = [&] {
+        try {
+            return measure();
+        } catch (const QxXmlLib16::CQxException& e) {
+            const std::wstring message = e.GetFullMessage();
+            throw std::runtime_error(std::string(message.begin(), message.end()));
+        }
+    };
     std::vector<Sample> samples(static_cast<size_t>(runs));
     for (Sample& sample : samples)
-        if (!InFreshProcess(measure, sample)) std::exit(1);
+        if (!InFreshProcess(reporting, sample)) std::exit(1);
     std::sort(samples.begin(), samples.end(),
               [](const Sample& a, const Sample& b) { return a.seconds < b.seconds; });
     return samples[samples.size() / 2];

@@ -107,7 +107,9 @@ TEST_P(JsonProof, SameXmlAtEveryLevelThatKeepsTheDocument) {
             try {
                 copy->FromJson(original->ToJson(formatted, eolLF, context).c_str(), context);
                 EXPECT_TRUE(Keeps(level, proof.needs)) << "the level was expected to lose something";
-                if (Keeps(level, proof.needs)) EXPECT_EQ(expected, copy->ToXml());
+                if (Keeps(level, proof.needs)) {
+                    EXPECT_EQ(expected, copy->ToXml());
+                }
             } catch (const CQxException& e) {
                 EXPECT_FALSE(Keeps(level, proof.needs)) << Narrow(e.GetFullMessage());
             }
