@@ -3,12 +3,20 @@
 // Measurements in fresh processes, as a user's program would run them: the child is forked after
 // the inputs were read into memory, measures, and sends its result back through a pipe.
 
+#include <QxXmlLib16/foundation/Exceptions.h>
+
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <functional>
+#include <stdexcept>
+#include <string>
 #include <type_traits>
+#include <vector>
 
 namespace bench {
 
@@ -38,6 +46,31 @@ bool InFreshProcess(Measure measure, Result& result) {
     close(channel[0]);
     if (child > 0) waitpid(child, nullptr, 0);
     return received;
+}
+
+// One figure of a fresh process: the seconds a phase took, and the bytes it read or wrote.
+struct Sample {
+    double seconds;
+    unsigned long bytes;
+};
+
+// The median over runs fresh processes of what measure times; exits when a run fails, with the
+// library's message.
+inline Sample Median(int runs, const std::function<Sample()>& measure) {
+    const auto reporting = [&] {
+        try {
+            return measure();
+        } catch (const QxXmlLib16::CQxException& e) {
+            const std::wstring message = e.GetFullMessage();
+            throw std::runtime_error(std::string(message.begin(), message.end()));
+        }
+    };
+    std::vector<Sample> samples(static_cast<size_t>(runs));
+    for (Sample& sample : samples)
+        if (!InFreshProcess(reporting, sample)) std::exit(1);
+    std::sort(samples.begin(), samples.end(),
+              [](const Sample& a, const Sample& b) { return a.seconds < b.seconds; });
+    return samples[samples.size() / 2];
 }
 
 } // namespace bench

@@ -52,29 +52,8 @@ CBinaryData WriteJson(const Loaded& loaded) {
     return loaded.gpx->ToJsonStream(false, encUTF8, eolLF, loaded.context);
 }
 
-struct Sample {
-    double seconds;
-    unsigned long bytes;
-};
-
-// The median over runs fresh processes of what measure times; exits when a run fails, with the
-// library's message.
-Sample Median(int runs, const std::function<Sample()>& measure) {
-    const auto reporting = [&] {
-        try {
-            return measure();
-        } catch (const CQxException& e) {
-            const std::wstring message = e.GetFullMessage();
-            throw std::runtime_error(std::string(message.begin(), message.end()));
-        }
-    };
-    std::vector<Sample> samples(static_cast<size_t>(runs));
-    for (Sample& sample : samples)
-        if (!bench::InFreshProcess(reporting, sample)) std::exit(1);
-    std::sort(samples.begin(), samples.end(),
-              [](const Sample& a, const Sample& b) { return a.seconds < b.seconds; });
-    return samples[samples.size() / 2];
-}
+using bench::Median;
+using bench::Sample;
 
 Sample TimedWrite(const Bytes& xml, bool rfc8259, CBinaryData (*write)(const Loaded&)) {
     const Loaded loaded(xml, rfc8259);

@@ -6,6 +6,9 @@
 #                                 document; installs the peers' Debian packages first
 #   tools/bench.sh json [points]  JSON write and load of the GPX bindings against XML on the same
 #                                 document
+#   tools/bench.sh fastinfoset [points]
+#                                 Fast Infoset against XML text on the GPX bindings (sizes, load and
+#                                 write), and the reference Java converters on the same document
 #   tools/bench.sh <name>         any other bench/<name>_bench.cpp
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -21,7 +24,7 @@ if [ "$name" = gpx ]; then
 fi
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=Release -DQX_BUILD_BENCH=ON -DQX_BUILD_TESTS=OFF >/dev/null
 cmake --build "$build" -j 2 --target "${name}_bench"
-if [ "$name" = xml ] || [ "$name" = gpx ] || [ "$name" = json ]; then
+if [ "$name" = xml ] || [ "$name" = gpx ] || [ "$name" = json ] || [ "$name" = fastinfoset ]; then
     points="${2:-178000}"
     document="$build/bench-$points.gpx"
     [ -f "$document" ] || python3 ../shared/tools/gen_gpx.py --points "$points" -o "$document"

@@ -2,7 +2,10 @@
 # Debian packages the library, its tests and its tools need, plus any named as arguments. Quiet
 # when all are present already; otherwise says so and installs them, with apt's output on stderr.
 set -euo pipefail
-packages=(g++ cmake make pkg-config libexpat1-dev libpcre2-dev zlib1g-dev libgtest-dev libxml2-utils python3 libgmp-dev "$@")
+# The Fast Infoset tests check against the reference implementation, a Java library whose converters
+# they run from a Java source file: that takes a JDK, not only a runtime.
+packages=(g++ cmake make pkg-config libexpat1-dev libpcre2-dev zlib1g-dev libgtest-dev libxml2-utils python3 libgmp-dev
+    default-jdk-headless libfastinfoset-java "$@")
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")

@@ -14,12 +14,13 @@ using namespace QxXmlLib16;
 namespace {
 
 const char kUsage[] =
-    "usage: qxgpx [--in-format xml|json] [--out FILE [--format xml|json] [--gzip]] [--timings] [INPUT]\n"
-    "  INPUT          a GPX 1.1 file, plain or gzip/zlib-compressed (default: the shipped sample);\n"
-    "                 JSON when its name ends in .json\n"
-    "  --in-format F  read INPUT as XML or as JSON, whatever its name\n"
-    "  --out FILE     write the loaded document back as UTF-8\n"
-    "  --format F     what --out writes: XML (default) or JSON, escaped as RFC 8259 requires\n"
+    "usage: qxgpx [--in-format xml|json] [--out FILE [--format xml|json|fi] [--gzip]] [--timings] [INPUT]\n"
+    "  INPUT          a GPX 1.1 file, XML or Fast Infoset (recognised by its header), plain or\n"
+    "                 gzip/zlib-compressed (default: the shipped sample); JSON when its name ends in .json\n"
+    "  --in-format F  read INPUT as XML (or Fast Infoset) or as JSON, whatever its name\n"
+    "  --out FILE     write the loaded document back\n"
+    "  --format F     what --out writes: UTF-8 XML (default), JSON escaped as RFC 8259 requires, or\n"
+    "                 Fast Infoset\n"
     "  --gzip         compress what --out writes\n"
     "  --timings      print the seconds spent loading and writing\n";
 
@@ -46,20 +47,30 @@ std::string SampleFile() {
     return QXGPX_INSTALLED_SAMPLE;
 }
 
+enum class Format { xml, json, fi };
+
 struct Options {
     std::string input, output;
     bool gzip = false, timings = false;
-    bool jsonInput = false, jsonOutput = false;
+    bool jsonInput = false;
+    Format outputFormat = Format::xml;
 };
 
 bool EndsWith(const std::string& text, const std::string& end) {
     return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
 
-// Sets json from an --in-format or --format value; false for another value.
-bool ParseFormat(const std::string& value, bool& json) {
-    if (value != "xml" && value != "json") return false;
-    json = value == "json";
+// Sets format from an --in-format or --format value; false for another value, or for fi as an input
+// format (Fast Infoset input is recognised as XML input is read).
+bool ParseFormat(const std::string& value, bool input, Format& format) {
+    if (value == "xml")
+        format = Format::xml;
+    else if (value == "json")
+        format = Format::json;
+    else if (value == "fi" && !input)
+        format = Format::fi;
+    else
+        return false;
     return true;
 }
 
@@ -70,10 +81,15 @@ bool ParseArguments(int argc, char** argv, Options& options) {
         const std::string argument = argv[i];
         if ((argument == "--format" || argument == "--in-format") && i + 1 < argc) {
             const bool input = argument == "--in-format";
-            if (!ParseFormat(argv[++i], input ? options.jsonInput : options.jsonOutput)) {
+            Format format;
+            if (!ParseFormat(argv[++i], input, format)) {
                 std::fprintf(stderr, "qxgpx: unknown format '%s'\n%s", argv[i], kUsage);
                 return false;
             }
+            if (input)
+                options.jsonInput = format == Format::json;
+            else
+                options.outputFormat = format;
             inputFormatGiven = inputFormatGiven || input;
         } else if (argument == "--out" && i + 1 < argc) {
             options.output = argv[++i];
@@ -119,7 +135,7 @@ void Load(const Options& options, Gpx::CGpx& gpx, CSerializationContext& context
         document.Load(input.c_str());
     }
     gpx.FromXmlElement(document.GetDocumentElement(), context);
-    if (options.jsonOutput) Gpx::DeclareNamespaces(document, context);
+    if (options.outputFormat == Format::json) Gpx::DeclareNamespaces(document, context);
 }
 
 } // namespace
@@ -141,8 +157,10 @@ int main(int argc, char** argv) {
             const std::wstring output = Widen(options.output.c_str());
             const CompressionType compression = options.gzip ? ctGzip : ctNone;
             const double write = Seconds([&] {
-                if (options.jsonOutput)
+                if (options.outputFormat == Format::json)
                     gpx->ToJsonFile(output.c_str(), true, encUTF8, eolLF, context, compression);
+                else if (options.outputFormat == Format::fi)
+                    gpx->ToFastInfosetFile(output.c_str(), fidNone, context, compression);
                 else
                     gpx->ToXmlFile(output.c_str(), true, true, encUTF8, eolLF, context, compression);
             });

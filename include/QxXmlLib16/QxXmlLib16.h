@@ -27,6 +27,13 @@
 #include <QxXmlLib16/xml/TextWriterBase.h>
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
+// Fast Infoset
+#include <QxXmlLib16/fastinfoset/FIVocabulary.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetContext.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetBinaryData.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetWriter.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetReader.h>
+
 // Value types and conversions
 #include <QxXmlLib16/values/BigInteger.h>
 #include <QxXmlLib16/values/Decimal.h>

@@ -1,6 +1,7 @@
 #include <QxXmlLib16/binding/SerializationContext.h>
 
 #include <QxXmlLib16/collections/AttributeCol.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetContext.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Functions.h>
 #include <QxXmlLib16/json/JsonContext.h>
@@ -55,6 +56,11 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
 CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
     if (!m_additionalRootAttributes) m_additionalRootAttributes = new CAttributeCol(L"", L"##any", L"");
     return m_additionalRootAttributes;
+}
+
+CFastInfosetContext* CSerializationContext::GetFIContext() const {
+    if (!m_fiContext) m_fiContext = std::make_shared<CFastInfosetContext>();
+    return m_fiContext.get();
 }
 
 void CSerializationContext::SetIndentChars(const wchar_t* indent) {

@@ -11,6 +11,7 @@
 #include <QxXmlLib16/json/JsonContext.h>
 #include <QxXmlLib16/json/JsonTextWriter.h>
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetWriter.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/binding/XmlObjectHelper.h>
@@ -30,11 +31,6 @@ bool g_asyncToXmlFile = false;
 const wchar_t* const kZlibToFile = L"ZLIB Compression only available for To Stream methods.";
 const wchar_t* const kAlreadySet =
     L"The Property [%ls] is already set. Only one element within this class bay be set at a time";
-
-[[noreturn]] void ThrowNotAvailable(const wchar_t* what) {
-    throw CQxInvalidStateException(
-        FormatString(L"%ls is not available yet: this build of the library has no such encoding.", what));
-}
 
 void FireEvent(IEventSink* sink, CXmlCollectionBase* collection, IEventSink::MsgType type, void* data) {
     if (sink) sink->OnEvent(collection->GetBase(), type, data);
@@ -189,15 +185,28 @@ void CXmlObjectBase::ToXmlFile(const wchar_t* fileName, bool includeDocHeader, b
         [&](CTextStream& stream) { WriteXmlText(*this, stream, includeDocHeader, formatted, eol, context); });
 }
 
-void CXmlObjectBase::ToFastInfosetFile(const wchar_t*, FInfoDecl, const CSerializationContext&,
-                                       CompressionType compression) const {
+void CXmlObjectBase::ToFastInfosetFile(const wchar_t* fileName, FInfoDecl declaration,
+                                       const CSerializationContext& context, CompressionType compression) const {
     if (compression == ctZlib) throw CQxException(kZlibToFile);
-    ThrowNotAvailable(L"Fast Infoset output");
+    CFileBinaryStream(fileName, encUTF8, ToFastInfosetStream(declaration, context, compression)).ToFile();
 }
 
-CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl, const CSerializationContext&,
-                                                CompressionType) const {
-    ThrowNotAvailable(L"Fast Infoset output");
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration, const CSerializationContext& context,
+                                                CompressionType compression) const {
+    CBinaryStream stream;
+    {
+        CFastInfosetWriter writer(*context.GetFIContext(), stream);
+        writer.Open();
+        writer.SetWriteDefaultElementValues(context.GetWriteDefaultElementValues());
+        writer.WriteStartDocument(declaration);
+        std::wstring targetNamespace = GetTargetNamespace();
+        ToXml_Int(&writer, true, targetNamespace.c_str(), context, false);
+        writer.WriteEndDocument();
+        writer.Close();
+    }
+    CBinaryData data = stream.GetBinaryStream();
+    CQxZip::CompressData(data, compression);
+    return data;
 }
 
 std::wstring CXmlObjectBase::ToJson(bool formatted, EOLType eol, const CSerializationContext& context) const {

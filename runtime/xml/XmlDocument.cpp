@@ -1,5 +1,6 @@
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/xml/ExpatReader.h>
+#include <QxXmlLib16/fastinfoset/FastInfosetReader.h>
 #include <QxXmlLib16/foundation/Functions.h>
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
@@ -135,7 +136,7 @@ void CXmlDocument::LoadXmlStream(unsigned char* data, unsigned long length) {
     if (MayBeCompressed(data, length)) {
         TakeInput(data, length);
         Parse();
-    } else {
+    } else if (!ParseFastInfoset(data, length)) {
         ParseText(data, length);
     }
 }
@@ -164,7 +165,12 @@ void CXmlDocument::LoadXml(const wchar_t* text) {
 
 void CXmlDocument::Parse() {
     CQxZip::Decompress(&m_input, &m_inputLength);
-    ParseText();
+    if (!ParseFastInfoset(m_input, m_inputLength)) ParseText();
+}
+
+bool CXmlDocument::ParseFastInfoset(const unsigned char* data, unsigned long length) {
+    CFastInfosetReader reader(*m_context->GetFIContext(), *this);
+    return reader.Parse(data, length);
 }
 
 void CXmlDocument::ParseText() {

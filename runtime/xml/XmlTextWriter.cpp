@@ -121,15 +121,6 @@ void CXmlTextWriter::CloseParentElm() {
     }
 }
 
-const std::wstring& CXmlTextWriter::PrefixFor(CXmlWriterContext& context, const std::wstring& namespaceURI,
-                                              bool& isNew) {
-    const std::wstring& prefix = context.GetNamespaceMapValue(namespaceURI);
-    isNew = prefix.empty();
-    if (!isNew) return prefix;
-    context.SetNamespaceMapValue(namespaceURI, GetUniquePrefix(context.GetNamespaceMap()));
-    return context.GetNamespaceMapValue(namespaceURI);
-}
-
 void CXmlTextWriter::WriteDeclaration(const std::wstring& prefix, const std::wstring& namespaceURI) {
     m_stream.Append(L"xmlns:", 6);
     m_stream.Append(prefix);
@@ -147,21 +138,19 @@ void CXmlTextWriter::WriteStartElement(const std::wstring& localName, const std:
     if (m_endTags.size() <= depth) m_endTags.resize(depth + 1);
     std::wstring& endTag = m_endTags[depth];
     endTag.assign(L"</", 2);
-    const std::wstring* newPrefix = nullptr;
-    if (!namespaceURI.empty() && namespaceURI != context.GetDefaultNamespace()) {
-        bool isNew;
-        const std::wstring& prefix = PrefixFor(context, namespaceURI, isNew);
-        if (isNew) newPrefix = &prefix;
-        endTag += prefix;
+    bool isNew;
+    const std::wstring* prefix = ElementPrefix(context, isNew);
+    if (prefix) {
+        endTag += *prefix;
         endTag += L':';
     }
     endTag += localName;
     endTag += L'>';
     m_stream.Append(L'<');
     m_stream.Append(endTag.data() + 2, endTag.size() - 3);
-    if (newPrefix) {
+    if (isNew) {
         m_stream.Append(L' ');
-        WriteDeclaration(*newPrefix, namespaceURI);
+        WriteDeclaration(*prefix, namespaceURI);
     }
     if (context.GetDepth() == 0) {
         if (!GetDefaultNamespace().empty()) {
@@ -170,19 +159,12 @@ void CXmlTextWriter::WriteStartElement(const std::wstring& localName, const std:
             m_stream.Append(L'"');
         }
         for (const auto& entry : GetNamespaceMap()) {
-            if (entry.first.compare(0, std::wcslen(XML_NAMESPACE), XML_NAMESPACE) == 0) continue;
+            if (IsXmlNamespace(entry.first)) continue;
             m_stream.Append(L' ');
             WriteDeclaration(entry.second, entry.first);
         }
     }
     FlushIfFull();
-}
-
-CXmlWriter::CXmlWriterContext& CXmlTextWriter::AttributeTarget() {
-    CXmlWriterContext* context = GetCurrentContext();
-    if (!context || !context->IsStartTagOpen())
-        throw CQxException(L"Attributes must be added before elements");
-    return *context;
 }
 
 void CXmlTextWriter::WriteAttributeString(const std::wstring& localName, const std::wstring& namespaceURI,
@@ -208,19 +190,12 @@ void CXmlTextWriter::WriteAttributeString(const std::wstring& localName, const s
 
 void CXmlTextWriter::WriteAttributeType(const std::wstring& typeNamespace, const std::wstring& typeName,
                                         ItemType type) {
-    CXmlWriterContext& context = AttributeTarget();
-    std::wstring value;
-    if (typeNamespace.empty() || typeNamespace == context.GetDefaultNamespace()) {
-        value = typeName;
-    } else {
-        bool isNew;
-        const std::wstring& prefix = PrefixFor(context, typeNamespace, isNew);
-        if (isNew) {
-            m_stream.Append(L' ');
-            WriteDeclaration(prefix, typeNamespace);
-            m_stream.Append(L' ');
-        }
-        value = prefix + L':' + typeName;
+    const std::wstring* newPrefix;
+    const std::wstring value = TypeAttributeValue(AttributeTarget(), typeNamespace, typeName, newPrefix);
+    if (newPrefix) {
+        m_stream.Append(L' ');
+        WriteDeclaration(*newPrefix, typeNamespace);
+        m_stream.Append(L' ');
     }
     WriteAttributeString(L"type", XSI_NAMESPACE, value, type);
 }

@@ -1,6 +1,8 @@
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/xml/XmlWriter.h>
 
+#include <cwchar>
+
 namespace QxXmlLib16 {
 
 namespace {
@@ -148,6 +150,42 @@ std::wstring CXmlWriter::GetUniquePrefix(const NamespaceMap& namespaceMap) {
         }
         if (!taken) return prefix;
     }
+}
+
+CXmlWriter::CXmlWriterContext& CXmlWriter::AttributeTarget() {
+    if (!m_currentContext || !m_currentContext->IsStartTagOpen())
+        throw CQxException(L"Attributes must be added before elements");
+    return *m_currentContext;
+}
+
+const std::wstring& CXmlWriter::PrefixFor(CXmlWriterContext& context, const std::wstring& namespaceURI,
+                                          bool& isNew) {
+    const std::wstring& prefix = context.GetNamespaceMapValue(namespaceURI);
+    isNew = prefix.empty();
+    if (!isNew) return prefix;
+    context.SetNamespaceMapValue(namespaceURI, GetUniquePrefix(context.GetNamespaceMap()));
+    return context.GetNamespaceMapValue(namespaceURI);
+}
+
+const std::wstring* CXmlWriter::ElementPrefix(CXmlWriterContext& context, bool& isNew) {
+    isNew = false;
+    const std::wstring& namespaceURI = context.GetNamespaceURI();
+    if (namespaceURI.empty() || namespaceURI == context.GetDefaultNamespace()) return nullptr;
+    return &PrefixFor(context, namespaceURI, isNew);
+}
+
+std::wstring CXmlWriter::TypeAttributeValue(CXmlWriterContext& context, const std::wstring& typeNamespace,
+                                            const std::wstring& typeName, const std::wstring*& newPrefix) {
+    newPrefix = nullptr;
+    if (typeNamespace.empty() || typeNamespace == context.GetDefaultNamespace()) return typeName;
+    bool isNew;
+    const std::wstring& prefix = PrefixFor(context, typeNamespace, isNew);
+    if (isNew) newPrefix = &prefix;
+    return prefix + L':' + typeName;
+}
+
+bool CXmlWriter::IsXmlNamespace(const std::wstring& namespaceURI) {
+    return namespaceURI.compare(0, std::wcslen(XML_NAMESPACE), XML_NAMESPACE) == 0;
 }
 
 CXmlWriter::CXmlWriterContext& CXmlWriter::PushContext(const std::wstring& localName,

@@ -57,5 +57,16 @@ grep -q "found '}' at line 2, position 30" stderr.txt && grep -q 'Path: .gpx.wpt
     fail "no position or path for bad JSON: $(cat stderr.txt)"
 "$qxgpx" --format yaml >/dev/null 2>&1; [ $? -eq 2 ] || fail "an unknown format was accepted"
 
+# Fast Infoset: written with --format fi, recognised on input, compressed too, and the same XML back.
+rm -f sample.out.finf sample.out.finf.gz from-fi.gpx
+"$qxgpx" --format fi --out sample.out.finf >/dev/null || fail "--format fi failed"
+[ "$(head -c 4 sample.out.finf | od -An -tx1 | tr -d ' \n')" = e0000001 ] || fail "no Fast Infoset header"
+[ "$("$qxgpx" sample.out.finf)" = "$summary" ] || fail "the Fast Infoset reads otherwise"
+"$qxgpx" --out from-fi.gpx sample.out.finf >/dev/null || fail "reading Fast Infoset failed"
+cmp -s from-fi.gpx sample.out.gpx || fail "XML from Fast Infoset differs from XML from XML"
+"$qxgpx" --format fi --gzip --out sample.out.finf.gz >/dev/null || fail "--format fi --gzip failed"
+[ "$("$qxgpx" sample.out.finf.gz)" = "$summary" ] || fail "the compressed Fast Infoset reads otherwise"
+"$qxgpx" --in-format fi sample.out.finf >/dev/null 2>&1; [ $? -eq 2 ] || fail "fi was accepted as an input format"
+
 [ $failures -eq 0 ] && echo "qxgpx ok"
 exit $failures

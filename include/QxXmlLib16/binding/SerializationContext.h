@@ -84,6 +84,9 @@ public:
     // The JSON options, created on first use and shared with copies of the context.
     CJsonContext* GetJsonContext() const;
 
+    // The Fast Infoset settings: created on first use, shared with copies of the context.
+    CFastInfosetContext* GetFIContext() const;
+
 private:
     // Created on first use by their getters and shared between copies of a context.
     mutable std::shared_ptr<CFastInfosetContext> m_fiContext;

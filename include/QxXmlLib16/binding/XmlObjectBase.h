@@ -85,7 +85,9 @@ public:
                  const CSerializationContext& context = CSerializationContext::m_defaultContext,
                  CompressionType compression = ctNone) const;
 
-    // Input. The object reads the document element whatever its name and takes that name.
+    // Input. The object reads the document element whatever its name and takes that name. The XML
+    // forms read Fast Infoset as well (detected by its header), the byte and file forms either one
+    // gzip- or zlib-compressed.
     virtual void FromXmlFile(const wchar_t* fileName,
                              const CSerializationContext& context = CSerializationContext::m_defaultContext);
     virtual void FromJsonFile(const wchar_t* fileName,

@@ -11,6 +11,7 @@ namespace QxXmlLib16 {
 class CXmlDocument;
 class CXmlElement;
 class CExpatReader;
+class CFastInfosetReader;
 
 // One attribute of a loaded element. The local name and namespace URI are shared with every other
 // node of the document that has the same text.
@@ -42,6 +43,7 @@ public:
 private:
     friend class CXmlElement;
     friend class CExpatReader;
+    friend class CFastInfosetReader;
     // A node of the document's tree with names already interned in it.
     CXmlAttribute(const CXmlElement* owner, const std::wstring& localName, const std::wstring& namespaceURI);
     static void* operator new(size_t size, const CXmlDocument* document);

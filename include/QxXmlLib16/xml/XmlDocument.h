@@ -15,6 +15,7 @@ namespace QxXmlLib16 {
 
 class CXmlElement;
 class CExpatReader;
+class CFastInfosetReader;
 namespace internal {
 struct CDocumentStore;
 class CSourceIndex;
@@ -45,7 +46,8 @@ public:
     // file [%ls] Error [%d]" or "Failed to read the contents of the file [%ls] Error [%d]" (also for
     // an empty file).
     void Load(const wchar_t* fileName);
-    // Loads bytes, compressed or not. Throws "XML Stream is empty!" for length 0.
+    // Loads bytes: XML text or Fast Infoset, compressed or not. Throws "XML Stream is empty!" for
+    // length 0.
     void LoadXmlStream(unsigned char* data, unsigned long length);
     // XML text as narrow bytes (UTF-8 unless declared otherwise), never compressed.
     // Throws "XML String is empty!" for null or empty text.
@@ -104,7 +106,7 @@ public:
     void EndElement();
 
 protected:
-    // Parses the input buffer: compressed input is inflated first.
+    // Parses the input buffer, Fast Infoset or XML text; compressed input is inflated first.
     void Parse();
     // Parses the input buffer as XML text.
     void ParseText();
@@ -117,8 +119,11 @@ private:
     friend class CXmlElement;
     friend class CXmlAttribute;
     friend class CExpatReader;
+    friend class CFastInfosetReader;
 
     void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
+    // False when the bytes are no Fast Infoset document.
+    bool ParseFastInfoset(const unsigned char* data, unsigned long length);
     void TakeInput(const unsigned char* data, unsigned long length);
     // Reads the whole file into the input buffer.
     void ReadInputFile(const wchar_t* fileName);

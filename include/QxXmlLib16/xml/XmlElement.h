@@ -13,6 +13,7 @@ namespace QxXmlLib16 {
 class CXmlAttribute;
 class CXmlDocument;
 class CExpatReader;
+class CFastInfosetReader;
 
 // An element of a loaded document: names, its own text and attributes, and its children as a
 // singly linked list in document order. The element owns its children and attributes. Names are
@@ -66,6 +67,7 @@ public:
 private:
     friend class CXmlDocument;
     friend class CExpatReader;
+    friend class CFastInfosetReader;
     // A node of the document's tree with names already interned in it.
     CXmlElement(const CXmlDocument* document, CXmlElement* parent, const std::wstring& namespaceURI,
                 const std::wstring& localName);

@@ -55,10 +55,6 @@ public:
 
 private:
     void Escape(const wchar_t* text, size_t length, bool inAttribute);
-    // Refuses attributes once the start tag is closed.
-    CXmlWriterContext& AttributeTarget();
-    // The prefix bound to the URI in the context; a new unique one is bound there when it has none.
-    const std::wstring& PrefixFor(CXmlWriterContext& context, const std::wstring& namespaceURI, bool& isNew);
     // xmlns:prefix="uri"
     void WriteDeclaration(const std::wstring& prefix, const std::wstring& namespaceURI);
 

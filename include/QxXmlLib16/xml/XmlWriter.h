@@ -131,6 +131,24 @@ protected:
     const std::wstring& GetDefaultNamespace() const { return m_defaultNamespace; }
     const NamespaceMap& GetNamespaceMap() const { return m_namespaceMap; }
 
+    // The rules every encoding shares for names. Each declaration they create is reported through
+    // isNew or newPrefix, and the writer must put it on the open element.
+
+    // The open element while it still takes attributes; throws "Attributes must be added before
+    // elements" once its content has begun.
+    CXmlWriterContext& AttributeTarget();
+    // The prefix bound to the URI in the context; a new unique one is bound there when it has none.
+    const std::wstring& PrefixFor(CXmlWriterContext& context, const std::wstring& namespaceURI, bool& isNew);
+    // The prefix of the context's element, or null when its name goes without one (no namespace,
+    // or the default namespace).
+    const std::wstring* ElementPrefix(CXmlWriterContext& context, bool& isNew);
+    // The value of xsi:type naming the type: the name alone in no namespace or the default one,
+    // else prefixed; newPrefix is set (else null) when that prefix was made here.
+    std::wstring TypeAttributeValue(CXmlWriterContext& context, const std::wstring& typeNamespace,
+                                    const std::wstring& typeName, const std::wstring*& newPrefix);
+    // The namespaces of the xml prefix, bound without a declaration.
+    static bool IsXmlNamespace(const std::wstring& namespaceURI);
+
 private:
     std::wstring m_defaultNamespace;
     CXmlWriterContext* m_currentContext;
