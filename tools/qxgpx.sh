@@ -12,7 +12,7 @@ step() { echo "qxgpx.sh: $*" >&2; }
 bash "$root/tools/install-deps.sh" # says "installing packages: ..." when it has to
 step "configuring..."
 cmake -S "$root" -B "$build" -DCMAKE_BUILD_TYPE=Release -DQX_BUILD_TESTS=OFF -DQX_BUILD_EXAMPLES=ON >/dev/null
-step "building (about two minutes on two cores the first time)..."
+step "building (a minute or two on two cores the first time)..."
 cmake --build "$build" -j 2 --target qxgpx >&2
 step "running qxgpx"
 exec "$build/examples/gpx/qxgpx" "$@"

@@ -5,11 +5,17 @@
 #include <QxXmlLib16/foundation/Encoder.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Functions.h>
+#include <QxXmlLib16/foundation/QxZip.h>
+#include <QxXmlLib16/json/JsonContext.h>
 #include <QxXmlLib16/values/BinaryData.h>
 #include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <cwchar>
+#include <new>
 
 namespace QxXmlLib16 {
 
@@ -161,17 +167,79 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Read(CXmlElement* root,
         root->GetXPath());
 }
 
-CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const wchar_t* fileName,
-                                               const CSerializationContext& context) const {
-    CXmlDocument document(context);
-    document.Load(fileName);
-    return Read(document.GetDocumentElement(), context);
+namespace {
+
+bool MayBeCompressed(const unsigned char* data, unsigned long length) {
+    if (length < 2) return false;
+    if (data[0] == 0x1F && data[1] == 0x8B) return true;
+    return (data[0] & 0x0F) == 8 && (data[0] >> 4) <= 7 && ((data[0] << 8) | data[1]) % 31 == 0;
 }
 
-CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const CBinaryData& data,
+// JSON starts with an object or an array; XML text and Fast Infoset never do.
+bool IsJson(const unsigned char* data, unsigned long length) {
+    unsigned long at = length >= 3 && data[0] == 0xEF && data[1] == 0xBB && data[2] == 0xBF ? 3 : 0;
+    while (at < length && (data[at] == ' ' || data[at] == '\t' || data[at] == '\r' || data[at] == '\n'))
+        ++at;
+    return at < length && (data[at] == '{' || data[at] == '[');
+}
+
+// Frees a malloc'ed buffer however the load ends.
+struct Buffer {
+    unsigned char* data = nullptr;
+    unsigned long length = 0;
+    ~Buffer() { std::free(data); }
+};
+
+} // namespace
+
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const wchar_t* fileName, const CSerializationContext& context) const {
+    const wchar_t* name = fileName ? fileName : L"";
+    std::FILE* file = std::fopen(UnicodeToMultiByte(name).c_str(), "rb");
+    if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
+    Buffer buffer;
+    unsigned char chunk[65536];
+    for (size_t read; (read = std::fread(chunk, 1, sizeof chunk, file)) > 0;) {
+        unsigned char* grown = static_cast<unsigned char*>(std::realloc(buffer.data, buffer.length + read));
+        if (!grown) {
+            std::fclose(file);
+            throw std::bad_alloc();
+        }
+        buffer.data = grown;
+        std::memcpy(buffer.data + buffer.length, chunk, read);
+        buffer.length += static_cast<unsigned long>(read);
+    }
+    std::fclose(file);
+    return Load(buffer.data, buffer.length, context);
+}
+
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(const CBinaryData& data, const CSerializationContext& context) const {
+    return Load(const_cast<unsigned char*>(data.GetData()), data.GetLength(), context);
+}
+
+CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned long length,
                                                const CSerializationContext& context) const {
+    Buffer inflated;
+    if (data && MayBeCompressed(data, length)) {
+        inflated.data = static_cast<unsigned char*>(std::malloc(length));
+        if (!inflated.data) throw std::bad_alloc();
+        std::memcpy(inflated.data, data, length);
+        inflated.length = length;
+        CQxZip::Decompress(&inflated.data, &inflated.length);
+        data = inflated.data;
+        length = inflated.length;
+    }
+    if (data && IsJson(data, length)) {
+        // JSON below the full round-trip level carries no namespaces: its names match by local name.
+        CSerializationContext json(context);
+        if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) json.SetIgnoreNamespaces(true);
+        CXmlDocument converter(json);
+        const CBinaryData xml = converter.LoadJsonStream(data, length);
+        CXmlDocument document(json);
+        document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
+        return Read(document.GetDocumentElement(), json);
+    }
     CXmlDocument document(context);
-    document.LoadXmlStream(const_cast<unsigned char*>(data.GetData()), data.GetLength());
+    document.LoadXmlStream(data, length);
     return Read(document.GetDocumentElement(), context);
 }
 

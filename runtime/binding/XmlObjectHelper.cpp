@@ -366,7 +366,8 @@ void CXmlObjectHelper::CheckRestrictionForstring(const wchar_t* name, const std:
     if (!R::IsPresent(restrictions.m_pattern)) return;
     bool matches;
     try {
-        matches = internal::MatchesPattern(restrictions.m_pattern, value.data(), value.size());
+        matches = internal::MatchesPattern(restrictions.m_pattern, restrictions.m_patternMode, value.data(),
+                                           value.size());
     } catch (const CQxException& patternError) {
         throw CQxInvalidValueException(FormatString(L"%ls\nInvalid Value for %ls [%ls].",
                                                     patternError.GetFullMessage().c_str(), NameText(name),

@@ -20,10 +20,12 @@ CXmlTypeCollection::CXmlTypeCollection(ItemType itemType, const wchar_t* element
                                        const wchar_t* minInclusive, const wchar_t* maxInclusive,
                                        const wchar_t* minExclusive, const wchar_t* maxExclusive,
                                        long long length, long long totalDigits, long long fractionDigits,
-                                       CWhitespaceUtils::WhitespaceRule whitespaceRule, const wchar_t* format)
+                                       CWhitespaceUtils::WhitespaceRule whitespaceRule, const wchar_t* format,
+                                       PatternMode patternMode)
     : CXmlCollectionBase(elementName, namespaceURI, minOccurs, maxOccurs)
     , m_restrictions(TextOf(pattern), minLength, maxLength, TextOf(minInclusive), TextOf(maxInclusive),
-                     TextOf(minExclusive), TextOf(maxExclusive), length, totalDigits, fractionDigits)
+                     TextOf(minExclusive), TextOf(maxExclusive), length, totalDigits, fractionDigits,
+                     patternMode)
     , m_format(TextOf(format))
     , m_whitespaceRule(whitespaceRule)
     , m_itemType(itemType) {}

@@ -11,7 +11,7 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(std::wstring pattern, long long m
                                                std::wstring minInclusive, std::wstring maxInclusive,
                                                std::wstring minExclusive, std::wstring maxExclusive,
                                                long long length, long long totalDigits,
-                                               long long fractionDigits)
+                                               long long fractionDigits, PatternMode patternMode)
     : m_pattern(std::move(pattern))
     , m_minLength(minLength)
     , m_maxLength(maxLength)
@@ -21,7 +21,8 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(std::wstring pattern, long long m
     , m_maxExclusive(std::move(maxExclusive))
     , m_length(length)
     , m_totalDigits(totalDigits)
-    , m_fractionDigits(fractionDigits) {}
+    , m_fractionDigits(fractionDigits)
+    , m_patternMode(patternMode) {}
 
 // Out of line so that the class's type information and vtable live in the library.
 CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;

@@ -249,7 +249,11 @@ std::wstring ToFracString(unsigned short ms, unsigned short us, unsigned short n
 }
 
 bool TestRegEx(std::string pattern, std::wstring value) {
-    return internal::MatchesPattern(pattern, value.data(), value.size());
+    return internal::MatchesPattern(pattern, pmTranslated, value.data(), value.size());
+}
+
+bool TestRegEx(std::string pattern, std::wstring value, PatternMode mode) {
+    return internal::MatchesPattern(pattern, mode, value.data(), value.size());
 }
 
 std::string UnicodeToMultiByte(const wchar_t* text) {

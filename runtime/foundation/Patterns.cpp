@@ -1,5 +1,7 @@
 #include "foundation/Patterns.h"
 
+#include "foundation/SchemaRegex.h"
+
 #include <QxXmlLib16/foundation/ConvertUTF.h>
 #include <QxXmlLib16/foundation/Encoder.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
@@ -71,10 +73,12 @@ std::string TranslatePattern(std::string pattern) {
     return "^(" + pattern + ")$";
 }
 
-// Into a reused buffer: four bytes cover any character, and a surrogate pair joined into one.
-void EncodeUtf8(const wchar_t* text, size_t length, std::string& utf8) {
-    utf8.resize(4 * length);
-    utf8.resize(UnicodeToUTF8(text, length, reinterpret_cast<unsigned char*>(&utf8[0]), utf8.size()));
+// Onto a reused buffer: four bytes cover any character, and a surrogate pair joined into one.
+void AppendUtf8(const wchar_t* text, size_t length, std::string& utf8) {
+    const size_t start = utf8.size();
+    utf8.resize(start + 4 * length);
+    utf8.resize(start +
+                UnicodeToUTF8(text, length, reinterpret_cast<unsigned char*>(&utf8[start]), 4 * length));
 }
 
 // A pattern as compiled once for every thread, or the message that refuses it. The compiled code is
@@ -86,19 +90,44 @@ struct CompiledPattern {
 };
 using SharedPattern = std::shared_ptr<const CompiledPattern>;
 
-SharedPattern Compile(const std::string& pattern) {
+// The caches' key: the mode, then the pattern's UTF-8.
+std::string& StartKey(std::string& key, PatternMode mode) {
+    key.assign(1, static_cast<char>('0' + mode));
+    return key;
+}
+
+std::wstring InvalidPattern(const std::wstring& pattern, const std::wstring& error) {
+    return FormatString(L"Invalid Regular Expression: %ls Error: '%ls'", pattern.c_str(), error.c_str());
+}
+
+SharedPattern Compile(const std::string& key) {
     auto compiled = std::make_shared<CompiledPattern>();
-    const std::string translated = TranslatePattern(pattern);
+    compiled->bytes = sizeof(CompiledPattern) + key.size();
+    const PatternMode mode = static_cast<PatternMode>(key[0] - '0');
+    const std::string pattern = key.substr(1);
+    const std::wstring widePattern = WideFromUtf8(pattern.data(), pattern.size());
+    std::string translated;
+    // Anchored as a whole, not only the first alternative: "a)|(b" must not match "xb".
+    uint32_t options = PCRE2_UTF | PCRE2_ANCHORED;
+    if (mode == pmExact) {
+        CSchemaRegexTranslation translation = TranslateSchemaRegex(widePattern);
+        if (translation.error) {
+            compiled->error = InvalidPattern(
+                widePattern, FormatString(L"%ls (position %d)", translation.error->reason.c_str(),
+                                          static_cast<int>(translation.error->position)));
+            return compiled;
+        }
+        translated = std::move(translation.pcre);
+        options |= PCRE2_ENDANCHORED;
+    } else {
+        translated = TranslatePattern(pattern);
+    }
     int error = 0;
     PCRE2_SIZE errorOffset = 0;
-    // Anchored as a whole, not only the first alternative: "a)|(b" must not match "xb".
     compiled->code.reset(pcre2_compile(reinterpret_cast<PCRE2_SPTR>(translated.data()), translated.size(),
-                                       PCRE2_UTF | PCRE2_ANCHORED, &error, &errorOffset, nullptr));
-    compiled->bytes = sizeof(CompiledPattern) + pattern.size();
+                                       options, &error, &errorOffset, nullptr));
     if (!compiled->code) {
-        compiled->error =
-            FormatString(L"Invalid Regular Expression: %ls Error: '%ls'",
-                         WideFromUtf8(pattern.data(), pattern.size()).c_str(), ErrorText(error).c_str());
+        compiled->error = InvalidPattern(widePattern, ErrorText(error));
         return compiled;
     }
     // Without JIT support (or memory for it) the interpreter matches alone.
@@ -180,11 +209,27 @@ public:
         pcre2_set_heap_limit(m_context.get(), kMatchHeapLimitKiB);
     }
 
-    bool Matches(const std::string& pattern, const wchar_t* value, size_t length) {
-        Entry& entry = Find(pattern);
+    bool Matches(PatternMode mode, const std::string& pattern, const wchar_t* value, size_t length) {
+        StartKey(m_key, mode) += pattern;
+        return MatchesKey(value, length);
+    }
+    bool Matches(PatternMode mode, const std::wstring& pattern, const wchar_t* value, size_t length) {
+        AppendUtf8(pattern.data(), pattern.size(), StartKey(m_key, mode));
+        return MatchesKey(value, length);
+    }
+
+private:
+    struct Entry {
+        SharedPattern pattern;
+        std::unique_ptr<pcre2_match_data, MatchDataDeleter> data;
+    };
+
+    bool MatchesKey(const wchar_t* value, size_t length) {
+        Entry& entry = Find(m_key);
         if (!entry.pattern->code) throw CQxException(entry.pattern->error);
         length = std::wmemchr(value, L'\0', length) ? std::wcslen(value) : length;
-        EncodeUtf8(value, length, m_subject);
+        m_subject.clear();
+        AppendUtf8(value, length, m_subject);
 
         const auto* subject = reinterpret_cast<PCRE2_SPTR>(m_subject.data());
         pcre2_code* code = entry.pattern->code.get();
@@ -196,17 +241,11 @@ public:
         if (result == PCRE2_ERROR_NOMATCH) return false;
         if (result < 0)
             throw CQxException(FormatString(L"Failed to match the Regular Expression: %ls Error: '%ls'",
-                                            WideFromUtf8(pattern.data(), pattern.size()).c_str(),
+                                            WideFromUtf8(m_key.data() + 1, m_key.size() - 1).c_str(),
                                             ErrorText(result).c_str()));
         const PCRE2_SIZE* offsets = pcre2_get_ovector_pointer(entry.data.get());
         return offsets[0] == 0 && offsets[1] == m_subject.size();
     }
-
-private:
-    struct Entry {
-        SharedPattern pattern;
-        std::unique_ptr<pcre2_match_data, MatchDataDeleter> data;
-    };
 
     Entry& Find(const std::string& pattern) {
         if (Entry* found = m_patterns.Find(pattern)) return *found;
@@ -221,11 +260,8 @@ private:
 
     std::unique_ptr<pcre2_match_context, MatchContextDeleter> m_context;
     BoundedCache<Entry> m_patterns;
-    std::string m_subject;
-
-public:
-    // The UTF-8 of a wide pattern, reused by every call of the thread.
-    std::string m_patternKey;
+    std::string m_key;     // of the pattern being matched
+    std::string m_subject; // the value's UTF-8
 };
 
 ThreadMatcher& Matcher() {
@@ -235,14 +271,12 @@ ThreadMatcher& Matcher() {
 
 } // namespace
 
-bool MatchesPattern(const std::string& pattern, const wchar_t* value, size_t length) {
-    return Matcher().Matches(pattern, value, length);
+bool MatchesPattern(const std::string& pattern, PatternMode mode, const wchar_t* value, size_t length) {
+    return Matcher().Matches(mode, pattern, value, length);
 }
 
-bool MatchesPattern(const std::wstring& pattern, const wchar_t* value, size_t length) {
-    ThreadMatcher& matcher = Matcher();
-    EncodeUtf8(pattern.data(), pattern.size(), matcher.m_patternKey);
-    return matcher.Matches(matcher.m_patternKey, value, length);
+bool MatchesPattern(const std::wstring& pattern, PatternMode mode, const wchar_t* value, size_t length) {
+    return Matcher().Matches(mode, pattern, value, length);
 }
 
 } // namespace internal

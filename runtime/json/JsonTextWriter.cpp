@@ -129,15 +129,24 @@ void CJsonTextWriter::WriteValue(const std::wstring& text, ItemType type) {
         WriteQuoted(text);
 }
 
+// Names are written as they are in the established form; escaped, they keep the output valid
+// whatever an untyped element was named.
 void CJsonTextWriter::WriteKey(const wchar_t* marker, const std::wstring& prefix, const std::wstring& name) {
     m_stream.Append(L'"');
     m_stream.Append(marker);
     if (!prefix.empty()) {
-        Escape(prefix.data(), prefix.size());
+        WriteName(prefix);
         m_stream.Append(L':');
     }
-    Escape(name.data(), name.size());
+    WriteName(name);
     m_stream.Append(L"\": ", 3);
+}
+
+void CJsonTextWriter::WriteName(const std::wstring& name) {
+    if (m_rfc8259Escaping)
+        Escape(name.data(), name.size());
+    else
+        m_stream.Append(name);
 }
 
 // ---- Structure ---------------------------------------------------------------------------------

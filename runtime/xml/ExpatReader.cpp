@@ -6,6 +6,7 @@
 #include <QxXmlLib16/xml/XmlElement.h>
 
 #include "xml/DocumentStore.h"
+#include "xml/ExpatPosition.h"
 
 #include <expat.h>
 
@@ -128,7 +129,7 @@ void CExpatReader::ThrowOnFailure(int status) {
     if (status == XML_STATUS_ERROR) {
         const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
         const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
-        const int line = static_cast<int>(XML_GetCurrentLineNumber(m_parser));
+        const int line = static_cast<int>(internal::ExpatLine(m_parser));
         Cleanup();
         FreeParser();
         throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));

@@ -2,6 +2,8 @@
 
 #include <QxXmlLib16/xml/XmlElement.h>
 
+#include "xml/ExpatPosition.h"
+
 #include <expat.h>
 
 namespace QxXmlLib16::internal {
@@ -53,8 +55,8 @@ struct Scan {
             return;
         }
         CSourceIndex::Entry& entry = (*entries)[elements[next++]];
-        entry.line = static_cast<int>(XML_GetCurrentLineNumber(parser));
-        entry.column = static_cast<int>(XML_GetCurrentColumnNumber(parser)) + 1;
+        entry.line = static_cast<int>(ExpatLine(parser));
+        entry.column = static_cast<int>(ExpatColumn(parser)) + 1;
         entry.declarations.swap(declarations);
         declarations.clear();
     }

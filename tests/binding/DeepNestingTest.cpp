@@ -3,7 +3,10 @@
 // contains itself stop at kMaxObjectDepth with a clear error instead of exhausting the stack.
 #include <QxXmlLib16/QxXmlLib16.h>
 
-#include "binding/support/Untyped.h"
+#include "support/Documents.h"
+#include "support/Failure.h"
+
+#include "GpxBindings.h"
 
 #include <gtest/gtest.h>
 
@@ -172,7 +175,7 @@ TEST(DeepWildcardContent, RefusedChildAfterDeepSiblingNamesItsParent) {
     element->SetNamespaceRestrictions(L"urn:x", L"");
     const std::wstring xml = L"<r xmlns=\"urn:x\">" + Chain(kMillion / 4, L"a") + L"<b xmlns=\"urn:y\"/></r>";
     EXPECT_EQ(FailureOf([&] { element->FromXml(xml.c_str()); }),
-              (UntypedFailure{L"Invalid Element [r] found.", L"/r"}));
+              (Failure{L"Invalid Element [r] found.", L"/r"}));
 }
 
 TEST(RecursiveSchemaType, ReadsAndWritesUpToTheLimit) {
@@ -186,8 +189,8 @@ TEST(RecursiveSchemaType, RefusesToReadOneLevelMoreAtAnyDepth) {
     for (const int depth : {kMaxObjectDepth + 1, kMillion}) {
         CSmartPtr<CNode> node(new CNode());
         EXPECT_EQ(FailureOf([&] { node->FromXml(Nodes(depth).c_str()); }),
-                  (UntypedFailure{L"The element [node] is nested more than 256 objects deep.",
-                                  NodePath(kMaxObjectDepth + 1)}))
+                  (Failure{L"The element [node] is nested more than 256 objects deep.",
+                           NodePath(kMaxObjectDepth + 1)}))
             << depth;
     }
 }
@@ -202,4 +205,27 @@ TEST(RecursiveSchemaType, RefusesToWriteOneLevelMoreAndReleasesAMillion) {
     // The depth count came back down after each refusal.
     EXPECT_TRUE(SameText(NodeChain(kMaxObjectDepth)->ToXml(false, false),
                          Written(kMaxObjectDepth, L"node", kNodeNamespace, L"")));
+}
+
+// Foreign content nested a million levels deep, as a 7 MB hostile file holds it, loads into the
+// GPX bindings and is written back whole (without indentation, which would grow with the square of
+// the depth).
+TEST(DeepExtensions, MillionLevelsLoadAndWriteBack) {
+    std::string xml = "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.1' creator='deep'>"
+                      "<extensions><a xmlns='urn:x'>";
+    for (int i = 1; i < kMillion; ++i)
+        xml += "<a>";
+    xml += "leaf";
+    for (int i = 0; i < kMillion; ++i)
+        xml += "</a>";
+    xml += "</extensions></gpx>";
+    const CSmartPtr<Gpx::CGpx> gpx(new Gpx::CGpx);
+    gpx->FromXml(xml.c_str());
+    CSerializationContext context;
+    context.SetDefaultNamespaceURI(Gpx::kNamespace);
+    CXmlDocument original, written;
+    original.LoadXml(xml.c_str());
+    written.LoadXml(gpx->ToXml(false, false, eolLF, context).c_str());
+    EXPECT_EQ(Documents::TreeDifference(*original.GetDocumentElement(), *written.GetDocumentElement(), true),
+              L"");
 }

@@ -1,296 +1,406 @@
-#include <QxXmlLib16/QxXmlLib16.h>
-#include <QxXmlLib16/collections/XmlCollection.h>
-#include <QxXmlLib16/collections/PrimitiveCol.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/foundation/TextStream.h>
-#include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/xml/XmlDocument.h>
-#include <QxXmlLib16/xml/XmlElement.h>
-#include <QxXmlLib16/xml/XmlTextWriter.h>
+// The element descriptors one at a time, on a generated object reduced to two property slots: what
+// each reads from a run of children when required or only probed, where it stops, what it stores,
+// and how it writes and validates.
 
-#include "binding/support/FamilyFixtures.h"
+#include <QxXmlLib16/QxXmlLib16.h>
+
 #include "foundation/support/MessageOf.h"
+#include "support/Failure.h"
 
 #include <gtest/gtest.h>
 
+#include <cwchar>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <type_traits>
 
 using namespace QxXmlLib16;
 using namespace QxXmlLib16Data;
-using namespace FamilyFixtures;
 
 namespace {
 
-const CSerializationContext kStrict;
+CElementInfo* const kNoElements[] = {nullptr};
+CAttributeInfo* const kNoAttributes[] = {nullptr};
 
-CSerializationContext IgnoringUnknownElements() {
-    CSerializationContext context;
-    context.SetIgnoreUnknownElements(true);
-    return context;
-}
+// A generated object reduced to its property slots, which the member under test reads and writes.
+class CSlots : public TGeneratedClass<CSlots> {
+public:
+    QxVariant slot[2];
 
-CSerializationContext IgnoringCounts() {
-    CSerializationContext context;
-    context.SetIgnoreInvalidCollectionCounts(true);
-    return context;
-}
-
-// n elements, 2 to 3 of them.
-CSmartPtr<Ci4Col> Numbers() {
-    return new Ci4Col(L"n", L"", 2, 3, nullptr, -1, -1, nullptr, nullptr, nullptr, nullptr, -1, -1, -1,
-                      CWhitespaceUtils::wsCollapse, nullptr);
-}
-
-} // namespace
-
-// ---- Collections ----------------------------------------------------------------------------------
-
-TEST(FamilySequenceCollection, TakesItsRunAndHoldsItToItsCount) {
-    const CElementInfoSeqPrimCol info(L"n", L"", 0);
-    CSlots object;
-    CSmartPtr<Ci4Col> numbers = Numbers();
-    object.slot[0].SetXmlCollection(numbers.Get());
-
-    const Outcome outcome = ReadMember(info, object, L"<r><n>1</n><n>2</n><x/></r>", etElement);
-    EXPECT_TRUE(outcome.result);
-    EXPECT_EQ(L"x", outcome.at);
-    EXPECT_EQ(2, numbers->GetCount());
-
-    numbers->Clear();
-    EXPECT_EQ(L"The Minimum number of [n] elements allowed in this collection is 2",
-              FailureOf(info, object, L"<r><n>1</n></r>", etElement).message);
-    numbers->Clear();
-    // Probing reports the count instead; the sequence has moved past the item all the same.
-    const Outcome probed = ReadMember(info, object, L"<r><n>1</n><x/></r>", etGroup);
-    EXPECT_FALSE(probed.result);
-    EXPECT_EQ(L"x", probed.at);
-    numbers->Clear();
-    EXPECT_TRUE(ReadMember(info, object, L"<r><n>1</n></r>", etElement, IgnoringCounts()).result);
-}
-
-TEST(FamilySequenceCollection, MemberWithoutCollectionIsMisuse) {
-    const CElementInfoSeqClsCol info(L"n", L"", 0, etElement);
-    CSlots object;
-    EXPECT_EQ(L"The collection member [n] holds no collection.", MessageOf<CQxInvalidStateException>([&] {
-                  ReadMember(info, object, L"<r><n/></r>", etElement);
-              }));
-}
-
-TEST(FamilyChoiceCollection, ReportsWhetherItMatched) {
-    const CElementInfoChoicePrimCol info(L"n", L"", 0);
-    CSlots object;
-    CSmartPtr<Ci4Col> numbers = Numbers();
-    object.slot[0].SetXmlCollection(numbers.Get());
-
-    const Outcome none = ReadMember(info, object, L"<r><x/></r>", etElement);
-    EXPECT_FALSE(none.result);
-    EXPECT_EQ(L"x", none.at);
-
-    const Outcome enough = ReadMember(info, object, L"<r><n>1</n><n>2</n><x/></r>", etGroup);
-    EXPECT_TRUE(enough.result);
-    EXPECT_EQ(L"x", enough.at);
-}
-
-TEST(FamilyChoiceCollection, ProbedWithTooFewItemsKeepsThePositionButNotTheItems) {
-    const CElementInfoChoicePrimCol info(L"n", L"", 0);
-    CSlots object;
-    CSmartPtr<Ci4Col> numbers = Numbers();
-    object.slot[0].SetXmlCollection(numbers.Get());
-
-    const Outcome outcome = ReadMember(info, object, L"<r><n>7</n><x/></r>", etGroup);
-    EXPECT_FALSE(outcome.result);
-    EXPECT_EQ(L"n", outcome.at);
-    ASSERT_EQ(1, numbers->GetCount());
-    EXPECT_EQ(7, numbers->Item(0));
-
-    numbers->Clear();
-    EXPECT_EQ(L"The Minimum number of [n] elements allowed in this collection is 2",
-              FailureOf(info, object, L"<r><n>7</n></r>", etElement).message);
-}
-
-TEST(FamilyAllCollection, TakesItsItemsButNeverReportsTheMemberFound) {
-    const CElementInfoAllPrimCol info(L"n", L"", 0);
-    CSlots object;
-    CSmartPtr<Ci4Col> numbers = Numbers();
-    object.slot[0].SetXmlCollection(numbers.Get());
-    for (XmlElementType probe : {etElement, etGroup}) {
-        numbers->Clear();
-        const Outcome outcome = ReadMember(info, object, L"<r><n>1</n><n>2</n><x/></r>", probe);
-        EXPECT_FALSE(outcome.result);
-        EXPECT_EQ(L"x", outcome.at);
-        EXPECT_EQ(2, numbers->GetCount());
+    int AccessProperty(int property, bool read, QxVariant& value) override {
+        read ? void(value = slot[property]) : void(slot[property] = value);
+        return 0;
     }
-}
-
-TEST(FamilyCollectionWriting, SequenceAndAllCheckTheCountFirstChoiceDoesNot) {
-    const CElementInfoSeqCol sequence(L"c", L"", 0);
-    const CElementInfoAllClsCol all(L"c", L"", 0, etElement);
-    const CElementInfoChoiceAbsClsCol choice(L"c", L"", 0, etElement);
-    CSlots object;
-    CSmartPtr<CLeafCol> leaves(new CLeafCol(2, 3));
-    object.slot[0].SetXmlCollection(leaves.Get());
-    leaves->AppendItem(NewLeaf(5).Get());
-
-    const wchar_t* const tooFew = L"The Minimum number of [c] elements allowed in this collection is 2";
-    EXPECT_EQ(tooFew, MessageOf<CQxValidationException>([&] { WriteMember(sequence, object); }));
-    EXPECT_EQ(tooFew, MessageOf<CQxValidationException>([&] { WriteMember(all, object); }));
-    EXPECT_EQ(L"<c id=\"5\"/>", WriteMember(choice, object));
-    EXPECT_EQ(L"<c id=\"5\"/>", WriteMember(sequence, object, IgnoringCounts()));
-
-    leaves->Clear();
-    EXPECT_EQ(L"", WriteMember(choice, object));
-}
-
-// ---- Values in choice and all groups --------------------------------------------------------------
-
-TEST(FamilyChoiceAndAllValues, ReadOnlyTheirOwnElementAndSaySo) {
-    const CElementInfoChoicePrimOpt prim(L"v", L"", 0, false, itI4, nullptr, CWhitespaceUtils::wsCollapse, {},
-                                         nullptr);
-    const CElementInfoAllEnumMnd enumeration(L"v", L"", 0, false, ColourToText, TextToColour, nullptr);
-    const CElementInfo* const members[] = {&prim, &enumeration};
-    for (const CElementInfo* info : members) {
-        CSlots object;
-        const Outcome miss =
-            ReadMember(*info, object, L"<r><x/><v>1</v></r>", etElement, IgnoringUnknownElements());
-        EXPECT_FALSE(miss.result);
-        EXPECT_EQ(L"x", miss.at);
-        EXPECT_FALSE(object.slot[0].IsValid());
-
-        const Outcome hit = ReadMember(*info, object, L"<r><v>1</v><x/></r>", etElement);
-        EXPECT_TRUE(hit.result);
-        EXPECT_EQ(L"x", hit.at);
-        EXPECT_EQ(1, object.slot[0].GetI4());
+    static const CClassMetaData& MetaData() {
+        static const CClassMetaData data(new CParentElementInfo(egSequence, etElement, L"slots", L"", true,
+                                                                false, -1, itNone, nullptr, false),
+                                         {}, {});
+        return data;
     }
-}
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override {}
+    std::wstring GetTargetNamespace() const override { return L""; }
+    std::wstring GetNamespace() const override { return L""; }
+};
 
-TEST(FamilyAllValidation, MandatoryMembersReportTheirAbsence) {
-    const CElementInfoAllPrimMnd prim(L"p", L"", 0, false, itI4, nullptr, CWhitespaceUtils::wsCollapse, {},
-                                      nullptr);
-    const CElementInfoAllEnumMnd enumeration(L"e", L"", 0, false, ColourToText, TextToColour, nullptr);
-    const CElementInfoAllAbsClsMnd derived(L"d", L"", 0, etElement, MakeByType, 9);
-    const CElementInfoAllClsMnd group(L"g", L"", 0, etGroup, MakeLeaf, 0, false);
-    const CElementInfo* const members[] = {&prim, &enumeration, &derived, &group};
-    CSlots object;
-    for (const CElementInfo* info : members) {
-        EXPECT_TRUE(info->Validate(kStrict, &object, true, true));
-        EXPECT_FALSE(info->Validate(kStrict, &object, false, false));
-        const std::wstring expected = L"Failed to find the mandatory element [" + info->GetName() + L"].";
-        EXPECT_EQ(expected,
-                  MessageOf<CQxValidationException>([&] { info->Validate(kStrict, &object, false, true); }));
+// A child class: an optional attribute id and an optional element v.
+class CLeaf : public TGeneratedClass<CLeaf> {
+public:
+    std::optional<long> id, v;
+
+    int AccessProperty(int property, bool read, QxVariant& value) override {
+        return AccessValue<itI4>(read, value, property == 0 ? id : v);
     }
+    static const CClassMetaData& MetaData() {
+        static const CClassMetaData data(
+            new CParentElementInfo(egSequence, etElement, L"leaf", L"", false, false, -1, itNone, nullptr,
+                                   false),
+            {new CElementInfoSeqPrimOpt(L"v", L"", 1, false, itI4, nullptr, CWhitespaceUtils::wsCollapse, {},
+                                        nullptr)},
+            {new CAttributeInfoPrimitive(L"id", L"", 0, true, itI4, nullptr, CWhitespaceUtils::wsCollapse, {},
+                                         nullptr)});
+        return data;
+    }
+    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override {
+        id = v = {};
+    }
+    std::wstring GetTargetNamespace() const override { return L""; }
+    std::wstring GetNamespace() const override { return L""; }
+};
+
+CSmartPtr<CXmlObjectBase> MakeLeaf(int, const wchar_t* name) {
+    CSmartPtr<CXmlObjectBase> leaf(new CLeaf);
+    leaf->SetElementName(name);
+    return leaf;
 }
 
-TEST(FamilyAllValidation, ClassMemberThatMayStandEmptyIsNeverMissing) {
-    struct Case {
-        XmlElementType kind;
-        bool requiredContent;
-        bool throws;
+// A leaf for kind="leaf", nothing for any other.
+CSmartPtr<CXmlObjectBase> MakeByType(CXmlElement* element) {
+    return element->GetAttribute(L"kind", L"") == L"leaf" ? MakeLeaf(0, element->GetLocalName().c_str())
+                                                          : nullptr;
+}
+
+const wchar_t* const kColours[] = {L"red", L"green"};
+const wchar_t* ColourToText(int value) {
+    return EnumToText(kColours, value);
+}
+int TextToColour(const wchar_t* text) {
+    return EnumFromText(kColours, text, L"Colour");
+}
+
+// What the first slot holds before the member reads.
+enum class Holds { Nothing, Numbers, Elements, Element };
+
+void Prepare(CSlots& object, Holds holds) {
+    if (holds == Holds::Numbers)
+        object.slot[0].SetXmlCollection(new Ci4Col(L"n", L"", 2, 3, nullptr, -1, -1, nullptr, nullptr,
+                                                   nullptr, nullptr, -1, -1, -1, CWhitespaceUtils::wsCollapse,
+                                                   nullptr));
+    if (holds == Holds::Elements) object.slot[0].SetXmlCollection(new CElementCol(L"", L"##any", L"", 0, -1));
+    if (holds == Holds::Element) object.slot[0].SetXmlObject(new CElement(L"held", L"", L"##any", L""));
+}
+
+// The first slot as text: a collection's count, an object as written ("null" for a null one), a
+// value's text, or "-" when it holds nothing.
+std::wstring Held(const CSlots& object) {
+    const QxVariant& value = object.slot[0];
+    if (CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection())
+        return FormatString(L"%d items", collection->GetCount());
+    if (CSmartPtr<CXmlObjectBase> child = value.GetXmlObject()) return child->ToXml(false, false);
+    if (value.GetItemType() == itXmlObject) return L"null";
+    return value.IsValid() ? value.ToString() : L"-";
+}
+
+using Option = void (*)(CSerializationContext&);
+
+struct ReadCase {
+    const char* name;
+    std::function<CElementInfo*()> member;
+    Holds holds;
+    const wchar_t* children;
+    XmlElementType probe; // etElement: required here; etGroup: only tried
+    // "true x": satisfied, stopped at x ("(end)" past the last child); or the failure and its path.
+    std::wstring outcome;
+    std::wstring held = L"-";
+    Option context = nullptr;
+};
+
+void PrintTo(const ReadCase& c, std::ostream* out) {
+    *out << c.name;
+}
+
+std::wstring Outcome(bool result, const CXmlElement* current) {
+    return (result ? L"true " : L"false ") + (current ? current->GetLocalName() : L"(end)");
+}
+
+const Option kIgnoreUnknown = [](CSerializationContext& c) { c.SetIgnoreUnknownElements(true); };
+const std::wstring kTooFew = L"The Minimum number of [n] elements allowed in this collection is 2 at ";
+const std::wstring kNoSubstitute = L"Failed to find a suitable substitution element for [d]. at /r";
+
+template <class Member, class... Arguments>
+std::function<CElementInfo*()> Make(Arguments... arguments) {
+    return [=] { return new Member(arguments...); };
+}
+std::vector<ReadCase> ReadCases() {
+    const auto seqCol = Make<CElementInfoSeqPrimCol>(L"n", L"", 0);
+    const auto choiceCol = Make<CElementInfoChoicePrimCol>(L"n", L"", 0);
+    const auto allCol = Make<CElementInfoAllPrimCol>(L"n", L"", 0);
+    const auto seqDerived = Make<CElementInfoSeqAbsClsMnd>(L"d", L"", 0, etElement, MakeByType);
+    const auto seqOptDerived = Make<CElementInfoSeqAbsClsOpt>(L"d", L"", 0, etElement, MakeByType);
+    const auto choiceDerived = Make<CElementInfoChoiceAbsClsOpt>(L"d", L"", 0, etElement, MakeByType);
+    const auto allDerived = Make<CElementInfoAllAbsClsOpt>(L"d", L"", 0, etElement, MakeByType);
+    const auto choiceClass = Make<CElementInfoChoiceClsOpt>(L"c", L"", 0, etElement, MakeLeaf, 0);
+    const auto allClass = Make<CElementInfoAllClsOpt>(L"c", L"", 0, etElement, MakeLeaf, 0);
+    const auto any = Make<CElementInfoSeqUntpdMnd>(L"AnyElement", L"urn:w", 0, L"##any", L"");
+    const auto zz = Make<CElementInfoSeqUntpdMnd>(L"zz", L"urn:w", 0, L"##any", L"");
+    const auto yy = Make<CElementInfoSeqUntpdMnd>(L"yy", L"urn:w", 0, L"##any", L"");
+    const auto choiceOther =
+        Make<CElementInfoChoiceUntpdOpt>(L"AnyElement", L"", 0, L"##targetNamespace", L"urn:t");
+    const auto zzs = Make<CElementInfoSeqUntpdCol>(L"zz", L"", 0);
+    const auto anys = Make<CElementInfoChoiceUntpdCol>(L"AnyElement", L"", 0);
+    const auto allEnum =
+        Make<CElementInfoAllEnumMnd>(L"v", L"", 0, false, ColourToText, TextToColour, nullptr);
+    const auto choicePrim = Make<CElementInfoChoicePrimOpt>(
+        L"v", L"", 0, false, itI4, nullptr, CWhitespaceUtils::wsCollapse, CPrimitiveRestrictions(), nullptr);
+    const auto Numbers = Holds::Numbers, Nothing = Holds::Nothing, Element = Holds::Element;
+    const wchar_t* const numbers = L"<n>1</n><n>2</n><x/>";
+    // clang-format off
+    return {
+        // Collections read their run; a sequence checks the count, a choice reports a match, an
+        // all group takes the items but never counts the member as found.
+        {"SeqColTakesItsRun", seqCol, Numbers, numbers, etElement, L"true x", L"2 items"},
+        {"SeqColTooFew", seqCol, Numbers, L"<n>1</n>", etElement, kTooFew, L"1 items"},
+        {"SeqColProbedTooFewMovesOn", seqCol, Numbers, L"<n>1</n><x/>", etGroup, L"false x", L"1 items"},
+        {"SeqColCountsIgnored", seqCol, Numbers, L"<n>1</n>", etElement, L"true (end)", L"1 items",
+         [](CSerializationContext& c) { c.SetIgnoreInvalidCollectionCounts(true); }},
+        {"SeqColWithoutCollection", Make<CElementInfoSeqClsCol>(L"n", L"", 0, etElement), Nothing, L"<n/>", etElement,
+         L"The collection member [n] holds no collection. at "},
+        {"ChoiceColNothing", choiceCol, Numbers, L"<x/>", etElement, L"false x", L"0 items"},
+        {"ChoiceColEnough", choiceCol, Numbers, numbers, etGroup, L"true x", L"2 items"},
+        // Probed with too few items: the position is given back, the items stay read.
+        {"ChoiceColProbedTooFew", choiceCol, Numbers, L"<n>7</n><x/>", etGroup, L"false n", L"1 items"},
+        {"ChoiceColTooFew", choiceCol, Numbers, L"<n>7</n>", etElement, kTooFew, L"1 items"},
+        {"AllColRequired", allCol, Numbers, numbers, etElement, L"false x", L"2 items"},
+        {"AllColProbed", allCol, Numbers, numbers, etGroup, L"false x", L"2 items"},
+        // Values outside a sequence read only their own element and say whether they did.
+        {"ChoiceValueElsewhere", choicePrim, Nothing, L"<x/><v>1</v>", etElement, L"false x", L"-", kIgnoreUnknown},
+        {"ChoiceValue", choicePrim, Nothing, L"<v>1</v><x/>", etElement, L"true x", L"1"},
+        {"AllEnumElsewhere", allEnum, Nothing, L"<x/><v>green</v>", etElement, L"false x", L"-", kIgnoreUnknown},
+        {"AllEnum", allEnum, Nothing, L"<v>green</v><x/>", etElement, L"true x", L"1"},
+        // A derived class is chosen by the factory from the element itself.
+        {"DerivedChosen", seqDerived, Nothing, L"<d kind='leaf' id='4'><v>8</v></d><x/>", etElement, L"true x",
+         L"<d id=\"4\"><v>8</v></d>"},
+        {"DerivedMissing", seqDerived, Nothing, L"<x/>", etElement, kNoSubstitute},
+        {"DerivedAtEnd", seqDerived, Nothing, L"", etElement, kNoSubstitute},
+        {"DerivedUnknown", seqDerived, Nothing, L"<d kind='castle'/>", etElement, kNoSubstitute},
+        {"DerivedMissingProbed", seqDerived, Nothing, L"<x/>", etGroup, L"false x"},
+        {"OptionalDerivedInSequence", seqOptDerived, Nothing, L"<x/>", etElement, L"true x"},
+        {"OptionalDerivedInChoice", choiceDerived, Nothing, L"<x/>", etElement, L"false x"},
+        {"OptionalDerivedInAll", allDerived, Nothing, L"<x/>", etElement, L"false x"},
+        {"OptionalDerivedUnknown", choiceDerived, Nothing, L"<d kind='castle'/>", etGroup, kNoSubstitute},
+        // A known class is made new for its element only.
+        {"ChoiceClassElsewhere", choiceClass, Nothing, L"<x/>", etElement, L"false x"},
+        {"ChoiceClass", choiceClass, Nothing, L"<c id='2'/><x/>", etElement, L"true x", L"<c id=\"2\"/>"},
+        {"AllClass", allClass, Nothing, L"<c id='2'/><x/>", etElement, L"true x", L"<c id=\"2\"/>"},
+        // Wildcards: "AnyElement" takes any name, another member name only its own.
+        {"WildcardAnyName", any, Element, L"<zz a='1'>t</zz><x/>", etGroup, L"true x", L"<zz a=\"1\">t</zz>"},
+        {"WildcardOwnName", zz, Element, L"<zz>t</zz><x/>", etGroup, L"true x", L"<zz>t</zz>"},
+        {"WildcardOtherName", yy, Element, L"<zz>t</zz><x/>", etGroup, L"false zz", L"<held/>"},
+        {"WildcardOtherNameRequired", yy, Element, L"<zz/>", etElement,
+         L"Failed to find the required element from namespace [urn:w]. at /r", L"<held/>"},
+        // At the end of the parent even a probe fails loudly.
+        {"WildcardAtEnd", yy, Element, L"", etGroup, L"Failed to find the required child element [yy]. at /r",
+         L"<held/>"},
+        {"OptionalWildcardForeign", choiceOther, Nothing, L"<zz xmlns='urn:other'/>", etElement, L"false zz", L"null"},
+        {"OptionalWildcard", choiceOther, Nothing, L"<zz xmlns='urn:t'>t</zz>", etElement, L"true (end)",
+         L"<AA:zz xmlns:AA=\"urn:t\">t</AA:zz>"},
+        {"OptionalWildcardAtEnd", choiceOther, Nothing, L"", etElement, L"false (end)"},
+        {"WildcardsByName", zzs, Holds::Elements, L"<zz xmlns='urn:a'/><zz xmlns='urn:a'/><yy/>", etElement,
+         L"true yy", L"2 items"},
+        {"WildcardsOfAnyName", anys, Holds::Elements, L"<zz/><yy/>", etElement, L"true (end)", L"2 items"},
     };
-    const Case cases[] = {{etElement, false, false},
-                          {etElement, true, true},
-                          {etGroup, false, true},
-                          {static_cast<XmlElementType>(2), false, false}};
-    CSlots object;
-    for (const Case& c : cases) {
-        const CElementInfoAllClsMnd info(L"c", L"", 0, c.kind, MakeLeaf, 0, c.requiredContent);
-        const std::wstring message = MessageOf<CQxValidationException>(
-            [&] { EXPECT_TRUE(info.Validate(kStrict, &object, false, true)); });
-        EXPECT_EQ(c.throws, message == L"Failed to find the mandatory element [c].")
-            << "kind " << c.kind << ", required " << c.requiredContent;
-    }
+    // clang-format on
 }
 
-TEST(FamilyAllValidation, OptionalMembersAcceptEveryCall) {
-    const CElementInfoAllPrimOpt prim(L"p", L"", 0, false, itI4, nullptr, CWhitespaceUtils::wsCollapse, {},
-                                      nullptr);
-    const CElementInfoAllClsOpt cls(L"c", L"", 0, etElement, MakeLeaf, 0);
-    const CElementInfo* const members[] = {&prim, &cls};
+class ElementRead : public testing::TestWithParam<ReadCase> {};
+
+TEST_P(ElementRead, TakesItsChildrenAndStopsAfterThem) {
+    const ReadCase& c = GetParam();
+    const std::unique_ptr<CElementInfo> member(c.member());
     CSlots object;
-    for (const CElementInfo* info : members)
+    Prepare(object, c.holds);
+    CSerializationContext context;
+    if (c.context) c.context(context);
+    CXmlDocument document;
+    document.LoadXml((std::wstring(L"<r>") + c.children + L"</r>").c_str());
+    CXmlElement* current = document.GetDocumentElement()->GetFirstElement();
+    std::wstring outcome;
+    const Failure failure = FailureOf([&] {
+        const bool result =
+            member->ElementFromXml(context, &object, document.GetDocumentElement(), &current, L"", c.probe);
+        outcome = Outcome(result, current);
+    });
+    EXPECT_EQ(failure.message == L"(no exception)" ? outcome : failure.message + L" at " + failure.path,
+              c.outcome);
+    EXPECT_EQ(Held(object), c.held);
+}
+
+INSTANTIATE_TEST_SUITE_P(Family, ElementRead, testing::ValuesIn(ReadCases()),
+                         [](const testing::TestParamInfo<ReadCase>& info) { return info.param.name; });
+
+std::wstring Write(const std::function<void(CXmlWriter&)>& writes) {
+    CTextStream stream(encUTF8);
+    CXmlTextWriter writer(stream);
+    writer.SetFormat(false);
+    writer.Open();
+    writes(writer);
+    writer.Close();
+    return stream.GetText();
+}
+
+// A collection of leaves that writes each one and leaves its count to the caller.
+class CLeafCol : public CXmlCollection {
+public:
+    CLeafCol()
+        : CXmlCollection(L"c", L"", 2, 3) {}
+    void ToXml_Int(CXmlWriter* writer, bool, const wchar_t* namespaceURI,
+                   const CSerializationContext& context, bool flag) const override {
+        for (CXmlObjectBase* item : *this)
+            CXmlObjectBase::ToXml_Int(item, writer, false, namespaceURI, context, flag);
+    }
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* current, const CSerializationContext&,
+                             bool) override {
+        return current;
+    }
+};
+
+// A sequence and an all group check a collection's count before writing it, a choice does not; a
+// class collection standing inline puts the attributes of its items on the parent.
+TEST(ElementWrite, CollectionsAndInlineAttributes) {
+    CSlots object;
+    CSmartPtr<CLeafCol> leaves(new CLeafCol);
+    object.slot[0].SetXmlCollection(leaves.Get());
+    CSmartPtr<CXmlObjectBase> leaf = MakeLeaf(0, L"c");
+    static_cast<CLeaf*>(leaf.Get())->id = 5;
+    leaves->AppendItem(leaf.Get());
+    const auto written = [&](const CElementInfo& member, const CSerializationContext& context = {}) {
+        return Write([&](CXmlWriter& writer) { member.ElementToXml(context, &object, &writer); });
+    };
+    const std::wstring tooFew = L"The Minimum number of [c] elements allowed in this collection is 2";
+    EXPECT_EQ(MessageOf<CQxValidationException>([&] { written(CElementInfoSeqCol(L"c", L"", 0)); }), tooFew);
+    EXPECT_EQ(
+        MessageOf<CQxValidationException>([&] { written(CElementInfoAllClsCol(L"c", L"", 0, etElement)); }),
+        tooFew);
+    EXPECT_EQ(written(CElementInfoChoiceAbsClsCol(L"c", L"", 0, etElement)), L"<c id=\"5\"/>");
+    CSerializationContext ignoring;
+    ignoring.SetIgnoreInvalidCollectionCounts(true);
+    EXPECT_EQ(written(CElementInfoSeqCol(L"c", L"", 0), ignoring), L"<c id=\"5\"/>");
+
+    leaves->AppendItem(MakeLeaf(0, L"c").Get()); // without an attribute to show
+    const auto onParent = [&](const CElementInfo& member) {
+        return Write([&](CXmlWriter& writer) {
+            writer.WriteStartElement(L"p", L"");
+            member.PseudoChildAttributeToXml(CSerializationContext(), &object, &writer);
+            writer.WriteEndElement();
+        });
+    };
+    EXPECT_EQ(onParent(CElementInfoSeqClsCol(L"c", L"", 0, etGroup)), L"<p id=\"5\"/>");
+    EXPECT_EQ(onParent(CElementInfoAllAbsClsCol(L"c", L"", 0, etElement)), L"<p/>");
+    leaves->Clear();
+    EXPECT_EQ(written(CElementInfoChoiceAbsClsCol(L"c", L"", 0, etElement)), L"");
+}
+
+// Mandatory members refuse to write nothing; in an all group they report their absence afterwards,
+// except a class member that may stand empty; optional members accept every call.
+TEST(ElementValidate, MandatoryMembersReportTheirAbsence) {
+    const CSerializationContext context;
+    CSlots object;
+    const std::unique_ptr<CElementInfo> mandatory[] = {
+        std::make_unique<CElementInfoAllPrimMnd>(L"p", L"", 0, false, itI4, nullptr,
+                                                 CWhitespaceUtils::wsCollapse, CPrimitiveRestrictions(),
+                                                 nullptr),
+        std::make_unique<CElementInfoAllEnumMnd>(L"e", L"", 0, false, ColourToText, TextToColour, nullptr),
+        std::make_unique<CElementInfoAllAbsClsMnd>(L"d", L"", 0, etElement, MakeByType, 9),
+        std::make_unique<CElementInfoAllClsMnd>(L"g", L"", 0, etGroup, MakeLeaf, 0, false),
+        std::make_unique<CElementInfoAllUntpdMnd>(L"w", L"", 0, L"##any", L""),
+    };
+    for (const auto& member : mandatory) {
+        EXPECT_TRUE(member->Validate(context, &object, true, true));
+        EXPECT_FALSE(member->Validate(context, &object, false, false));
+        EXPECT_EQ(MessageOf<CQxValidationException>([&] { member->Validate(context, &object, false, true); }),
+                  L"Failed to find the mandatory element [" + member->GetName() + L"].");
+        EXPECT_EQ(MessageOf<CQxInvalidParamException>(
+                      [&] { Write([&](CXmlWriter& w) { member->ElementToXml(context, &object, &w); }); }),
+                  L"The Property [" + member->GetName() + L"] is mandatory, it may not be NULL");
+    }
+    for (auto [kind, required, missing] :
+         {std::tuple(etElement, false, false), std::tuple(etElement, true, true),
+          std::tuple(etGroup, false, true), std::tuple(XmlElementType(2), false, false)}) {
+        const CElementInfoAllClsMnd member(L"c", L"", 0, kind, MakeLeaf, 0, required);
+        EXPECT_EQ(MessageOf<CQxValidationException>([&] {
+                      member.Validate(context, &object, false, true);
+                  }) == L"Failed to find the mandatory element [c].",
+                  missing)
+            << kind << required;
+    }
+    const std::unique_ptr<CElementInfo> optional[] = {
+        std::make_unique<CElementInfoAllPrimOpt>(L"p", L"", 0, false, itI4, nullptr,
+                                                 CWhitespaceUtils::wsCollapse, CPrimitiveRestrictions(),
+                                                 nullptr),
+        std::make_unique<CElementInfoAllClsOpt>(L"c", L"", 0, etElement, MakeLeaf, 0),
+        std::make_unique<CElementInfoAllUntpdOpt>(L"w", L"", 0, L"##any", L""),
+    };
+    for (const auto& member : optional)
         for (bool found : {false, true})
             for (bool check : {false, true})
-                EXPECT_TRUE(info->Validate(kStrict, &object, found, check));
+                EXPECT_TRUE(member->Validate(context, &object, found, check));
+    // Members of sequences keep the base's refusal.
+    EXPECT_EQ(MessageOf<CQxException>([&] {
+                  CElementInfoSeqClsOpt(L"c", L"", 0, etElement, MakeLeaf, 0)
+                      .Validate(context, &object, false, true);
+              }),
+              L"Not implemented, should never be called");
 }
 
-TEST(FamilyWriting, MandatoryMembersWithoutValueAreRefused) {
-    const CElementInfoAllPrimMnd prim(L"p", L"", 0, false, itI4, nullptr, CWhitespaceUtils::wsCollapse, {},
-                                      nullptr);
-    const CElementInfoSeqAbsClsMnd derived(L"d", L"", 0, etElement, MakeByType);
-    const CElementInfoAllClsMnd cls(L"c", L"", 0, etElement, MakeLeaf, 0, false);
-    const CElementInfo* const members[] = {&prim, &derived, &cls};
+// An attribute wildcard adds what its rule admits to the collection the member holds, which must
+// be a collection of attributes.
+TEST(AttributeWildcard, TakesWhatItsRuleAdmitsIntoItsCollection) {
+    const CSerializationContext context;
+    const CAttributeInfoAny any(L"any", L"", 0, true, L"", L"##other", L"urn:t");
+    CXmlDocument document;
+    document.LoadXml(L"<r xmlns:t='urn:t' xmlns:o='urn:o' t:a='1' o:b='2'/>");
+    const auto& attributes = document.GetDocumentElement()->GetAttributes();
     CSlots object;
-    for (const CElementInfo* info : members)
-        EXPECT_EQ(L"The Property [" + info->GetName() + L"] is mandatory, it may not be NULL",
-                  MessageOf<CQxInvalidParamException>([&] { WriteMember(*info, object); }));
+    CSmartPtr<CAttributeCol> taken(new CAttributeCol(L"", L"##any", L""));
+    object.slot[0].SetXmlCollection(taken.Get());
+    EXPECT_FALSE(any.AttributeFromXml(context, &object, attributes[attributes.size() - 2]));
+    EXPECT_TRUE(any.AttributeFromXml(context, &object, attributes.back()));
+    ASSERT_EQ(taken->GetCount(), 1);
+    EXPECT_EQ(taken->Item(0)->GetNamespace(), L"urn:o");
+
+    object.slot[0].SetXmlCollection(new CElementCol(L"", L"##any", L"", 0, -1));
+    EXPECT_EQ(MessageOf<CQxException>([&] { any.AttributeFromXml(context, &object, attributes.back()); }),
+              L"Serialization Data Error : The collection should be a CAttributeCol, it was not!");
 }
 
-// ---- Class members -------------------------------------------------------------------------------
-
-TEST(FamilyDerivedClass, FactoryChoosesTheClassFromTheElement) {
-    const CElementInfoSeqAbsClsMnd info(L"d", L"", 0, etElement, MakeByType);
+// An attribute at its default is left out only when optional, and only when the context asks.
+TEST(AttributeDefaults, OnlyOptionalOnesAreLeftOutAndOnlyWhenAsked) {
+    CSerializationContext leaveOut;
+    leaveOut.SetNoOptionalAttributeDefaultOutput(true);
     CSlots object;
-    const Outcome outcome =
-        ReadMember(info, object, L"<r><d kind='leaf' id='4'><v>8</v></d><x/></r>", etElement);
-    EXPECT_TRUE(outcome.result);
-    EXPECT_EQ(L"x", outcome.at);
-    CSmartPtr<CLeaf> leaf = object.slot[0].GetXmlObject().DynamicCast<CLeaf>();
-    ASSERT_TRUE(leaf);
-    EXPECT_EQ(4, leaf->id.value_or(0));
-    EXPECT_EQ(8, leaf->v.value_or(0));
-}
-
-TEST(FamilyDerivedClass, MissingOrUnknownSubstitutionIsAnErrorOfTheMandatorySequenceMember) {
-    const CElementInfoSeqAbsClsMnd info(L"d", L"", 0, etElement, MakeByType);
-    CSlots object;
-    for (const wchar_t* xml : {L"<r><x/></r>", L"<r/>", L"<r><d kind='castle'/></r>"}) {
-        const Failure failure = FailureOf(info, object, xml, etElement);
-        EXPECT_EQ(L"Failed to find a suitable substitution element for [d].", failure.message) << xml;
-        EXPECT_EQ(L"/r", failure.path);
-    }
-    EXPECT_FALSE(ReadMember(info, object, L"<r><x/></r>", etGroup).result);
-}
-
-TEST(FamilyDerivedClass, NonMatchingElementSatisfiesOnlyTheOptionalSequenceMember) {
-    const CElementInfoSeqAbsClsOpt sequence(L"d", L"", 0, etElement, MakeByType);
-    const CElementInfoChoiceAbsClsOpt choice(L"d", L"", 0, etElement, MakeByType);
-    const CElementInfoAllAbsClsOpt all(L"d", L"", 0, etElement, MakeByType);
-    CSlots object;
-    EXPECT_TRUE(ReadMember(sequence, object, L"<r><x/></r>", etElement).result);
-    EXPECT_FALSE(ReadMember(choice, object, L"<r><x/></r>", etElement).result);
-    EXPECT_FALSE(ReadMember(all, object, L"<r><x/></r>", etElement).result);
-    EXPECT_FALSE(object.slot[0].IsValid());
-    EXPECT_EQ(L"Failed to find a suitable substitution element for [d].",
-              FailureOf(choice, object, L"<r><d kind='castle'/></r>", etGroup).message);
-}
-
-TEST(FamilyKnownClass, ChoiceAndAllMembersReadANewObjectForTheirElementOnly) {
-    const CElementInfoChoiceClsOpt choice(L"c", L"", 0, etElement, MakeLeaf, 0);
-    const CElementInfoAllClsOpt all(L"c", L"", 0, etElement, MakeLeaf, 0);
-    const CElementInfo* const members[] = {&choice, &all};
-    for (const CElementInfo* info : members) {
-        CSlots object;
-        EXPECT_FALSE(ReadMember(*info, object, L"<r><x/></r>", etElement).result);
-        EXPECT_FALSE(object.slot[0].IsValid());
-        const Outcome outcome = ReadMember(*info, object, L"<r><c id='2'/><x/></r>", etElement);
-        EXPECT_TRUE(outcome.result);
-        EXPECT_EQ(L"x", outcome.at);
-        CSmartPtr<CLeaf> leaf = object.slot[0].GetXmlObject().DynamicCast<CLeaf>();
-        ASSERT_TRUE(leaf);
-        EXPECT_EQ(2, leaf->id.value_or(0));
-    }
-}
-
-TEST(FamilyKnownClass, InlineCollectionPutsTheAttributesOfItsItemsOnTheParent) {
-    CSlots object;
-    CSmartPtr<CLeafCol> leaves(new CLeafCol(0, -1));
-    // Only the second item has an attribute to show.
-    leaves->AppendItem(NewLeaf({}).Get());
-    leaves->AppendItem(NewLeaf(2).Get());
-    object.slot[0].SetXmlCollection(leaves.Get());
-    const CElementInfoSeqClsCol inline_(L"c", L"", 0, etGroup);
-    const CElementInfoAllAbsClsCol ownElement(L"c", L"", 0, etElement);
-    EXPECT_EQ(L"<p id=\"2\"/>", WriteAttributesOn(inline_, object));
-    EXPECT_EQ(L"<p/>", WriteAttributesOn(ownElement, object));
+    object.slot[0].SetI4(5);
+    const auto written = [&](bool optional, const CSerializationContext& context) {
+        const CAttributeInfoPrimitive attribute(L"a", L"", 0, optional, itI4, nullptr,
+                                                CWhitespaceUtils::wsCollapse, CPrimitiveRestrictions(), L"5");
+        return Write([&](CXmlWriter& writer) {
+            writer.WriteStartElement(L"e", L"");
+            attribute.AttributeToXml(context, &object, &writer);
+            writer.WriteEndElement();
+        });
+    };
+    EXPECT_EQ(written(true, leaveOut), L"<e/>");
+    EXPECT_EQ(written(true, CSerializationContext()), L"<e a=\"5\"/>");
+    EXPECT_EQ(written(false, leaveOut), L"<e a=\"5\"/>");
 }
 
 // The class tree generated code and casts rely on: repeated members of a kind are their group's
@@ -303,3 +413,5 @@ static_assert(std::is_abstract<CElementInfoAllEnumCol>::value);
 static_assert(!std::is_constructible<CElementInfoChoiceClsOpt, const wchar_t*, const wchar_t*, int,
                                      XmlElementType, ClassFactoryFunction, int, bool>::value,
               "only mandatory class members take the required-content flag");
+
+} // namespace

@@ -40,6 +40,16 @@ TYPED_TEST(OptionalShape, AbsentLeavesTheVariantInvalidAndAWriteMakesItPresent) 
     QxVariant back;
     AccessValue<itDecimal>(true, back, member);
     EXPECT_EQ(L"10.5", back.ToString());
+
+    // Generated classes copy members by value: a copy owns its value.
+    TypeParam copy = member;
+    *copy = CDecimal(L"-1");
+    EXPECT_EQ(0, member->CompareTo(kTen));
+    copy = member;
+    copy = copy;
+    EXPECT_EQ(0, copy->CompareTo(kTen));
+    copy = std::nullopt;
+    EXPECT_FALSE(copy.has_value());
 }
 
 TEST(GeneratedAccess, EnumerationsTravelAsI4) {

@@ -155,3 +155,25 @@ TEST(JsonEntryPoints, GrammarErrorsReachTheCaller) {
         MessageOf<CQxValidationException>([&] { trip->FromJson(L"{\"trip\": {\"a\": 1", TripContext()); }));
     EXPECT_EQ(L"JSON String is empty!", MessageOf<CQxException>([&] { trip->FromJson(L"", TripContext()); }));
 }
+
+// Wildcard content of any depth writes as JSON without recursion; reading JSON stops at the
+// reader's depth limit with its message, long before any stack would suffer.
+TEST(JsonEntryPoints, MillionLevelsWriteWholeAndReadUpToTheLimit) {
+    const size_t depth = 1000000;
+    std::wstring xml;
+    for (size_t i = 0; i < depth; ++i)
+        xml += L"<a>";
+    xml += L"leaf";
+    for (size_t i = 0; i < depth; ++i)
+        xml += L"</a>";
+    CSmartPtr<CElement> element(new CElement(L"a"));
+    element->FromXml(xml.c_str());
+    const std::wstring json = element->ToJson(false);
+    ASSERT_EQ(7 * (depth - 1) + 11 + 2, json.size());
+    EXPECT_EQ(0u, json.find(L"{\"a\": {\"a\": {"));
+    EXPECT_EQ(json.size() - depth - 11, json.find(L"\"a\": \"leaf\"}"));
+
+    const std::wstring message = MessageOf<CQxValidationException>([&] { element->FromJson(json.c_str()); });
+    EXPECT_EQ(0u, message.find(L"JSON exceeded depth limit at line 1, position 601.\nPath: .a.a.a"))
+        << Utf8(message);
+}

@@ -1,8 +1,8 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/foundation/SmartPtr.h>
-#include <QxXmlLib16/collections/XmlCollectionBase.h>
 #include <QxXmlLib16/binding/XmlObjectBase.h>
+#include <QxXmlLib16/collections/XmlCollectionBase.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/SmartPtr.h>
+#include <QxXmlLib16/values/QxVariant.h>
 
 #include "foundation/support/MessageOf.h"
 
@@ -37,17 +37,6 @@ private:
 };
 
 } // namespace
-
-TEST(ReferenceCounting, LastReleaseDestroysExactlyOnce) {
-    int destroyed = 0;
-    auto* object = new CCounted(&destroyed);
-    EXPECT_EQ(1, object->AddRef());
-    EXPECT_EQ(2, object->AddRef());
-    EXPECT_EQ(1, object->Release());
-    EXPECT_EQ(0, destroyed);
-    EXPECT_EQ(0, object->Release());
-    EXPECT_EQ(1, destroyed);
-}
 
 TEST(ReferenceCounting, ConcurrentAddRefAndReleaseBalance) {
     int destroyed = 0;

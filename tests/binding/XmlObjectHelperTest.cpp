@@ -1,15 +1,15 @@
+#include <QxXmlLib16/binding/Conversions.h>
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/binding/XmlObjectHelper.h>
+#include <QxXmlLib16/data/PrimitiveRestrictions.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/values/BigInteger.h>
 #include <QxXmlLib16/values/BinaryData.h>
-#include <QxXmlLib16/binding/Conversions.h>
 #include <QxXmlLib16/values/DateTime.h>
 #include <QxXmlLib16/values/DateTimeSpan.h>
 #include <QxXmlLib16/values/Decimal.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
-#include <QxXmlLib16/data/PrimitiveRestrictions.h>
 #include <QxXmlLib16/values/QxVariant.h>
-#include <QxXmlLib16/binding/SerializationContext.h>
 #include <QxXmlLib16/xml/XmlElement.h>
-#include <QxXmlLib16/binding/XmlObjectHelper.h>
 
 #include "foundation/support/MessageOf.h"
 
@@ -186,6 +186,23 @@ TEST(LengthAndPatternFacets, CountCharactersOrBytes) {
         [] { H::CheckRestrictionForstring(L"s", L"abc", Lengths(-1, -1, -1, L"(")); });
     EXPECT_EQ(invalid.rfind(L"Invalid Regular Expression: (", 0), 0u) << invalid;
     EXPECT_EQ(invalid.substr(invalid.find(L'\n')), L"\nInvalid Value for s [abc].");
+}
+
+// A record asks for the exact reading of its pattern; without asking it keeps the translated one.
+TEST(LengthAndPatternFacets, PatternModeComesFromTheRecord) {
+    const auto facets = [](const wchar_t* pattern, PatternMode mode) {
+        return R(pattern, -1, -1, {}, {}, {}, {}, -1, -1, -1, mode);
+    };
+    ExpectMessages({
+        {itString, L"bcd", facets(L"[a-z-[aeiou]]+", pmExact), kPasses},
+        {itString, L"bad", facets(L"[a-z-[aeiou]]+", pmExact), L"Invalid Value for v [bad]."},
+        {itString, L"bcd", facets(L"[a-z-[aeiou]]+", pmTranslated), L"Invalid Value for v [bcd]."},
+        {itString, L"^x", facets(L"^x", pmExact), kPasses},
+        {itString, L"a", facets(L"a+?", pmExact),
+         L"Invalid Regular Expression: a+? Error: 'reluctant and possessive quantifiers are not XML Schema "
+         L"syntax (position 2)'\nInvalid Value for v [a]."},
+    });
+    EXPECT_EQ(R().m_patternMode, pmTranslated);
 }
 
 TEST(BoundText, ConversionErrorsPropagateUnchanged) {

@@ -206,6 +206,21 @@ TEST(TypedCollectionFacets, ReadingStopsAtTheFirstRefusedValueAndNamesItsElement
     EXPECT_EQ(1, col->GetCount());
 }
 
+// The pattern mode, last of the constructor's arguments, reaches the items' facet check.
+TEST(TypedCollectionFacets, ExactPatternModeReadsThePatternAsXmlSchema) {
+    const auto consonants = [](PatternMode mode) {
+        return CSmartPtr<CstringCol>(new CstringCol(L"a", L"", 0, -1, L"[a-z-[aeiou]]+", -1, -1, nullptr,
+                                                    nullptr, nullptr, nullptr, -1, -1, -1,
+                                                    CWhitespaceUtils::wsPreserve, nullptr, mode));
+    };
+    const CSmartPtr<CstringCol> exact = consonants(pmExact);
+    exact->Add(L"bcd");
+    EXPECT_EQ(L"Invalid Value for a [bad].",
+              MessageOf<CQxInvalidValueException>([&] { exact->Add(L"bad"); }));
+    EXPECT_EQ(L"Invalid Value for a [bcd].",
+              MessageOf<CQxInvalidValueException>([&] { consonants(pmTranslated)->Add(L"bcd"); }));
+}
+
 TEST(DateCollections, RefuseAnotherKindBeforeAnnouncingIt) {
     const CDateTime dateTime =
         CConversions::datetimeFromString(L"2024-02-29T10:00:00", CWhitespaceUtils::wsNone);

@@ -1,6 +1,6 @@
 #include <QxXmlLib16/foundation/Base64.h>
-#include <QxXmlLib16/values/BinaryData.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/BinaryData.h>
 
 #include <gtest/gtest.h>
 

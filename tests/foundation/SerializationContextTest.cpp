@@ -1,30 +1,11 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include <gtest/gtest.h>
 
 #include "foundation/support/MessageOf.h"
 
 using namespace QxXmlLib16;
-
-TEST(SerializationContext, FreshContextDefaults) {
-    const CSerializationContext context;
-    EXPECT_FALSE(context.GetIgnoreUnknownAttributes());
-    EXPECT_FALSE(context.GetIgnoreUnknownElements());
-    EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
-    EXPECT_FALSE(context.GetIgnoreMissingChoice());
-    EXPECT_FALSE(context.GetIgnoreInvalidCollectionCounts());
-    EXPECT_FALSE(context.GetIgnoreNamespaces());
-    EXPECT_FALSE(context.GetNoOptionalAttributeDefaultOutput());
-    EXPECT_FALSE(context.GetWriteDefaultElementValues());
-    EXPECT_TRUE(context.GetWriteTypeAttribute());
-    EXPECT_TRUE(context.GetStripCDATA());
-    EXPECT_EQ(context.GetIndentChars(), L"\t");
-    EXPECT_EQ(context.GetSchemaType(), stDefault);
-    EXPECT_EQ(context.GetDefaultNamespaceURI(), L"");
-    EXPECT_EQ(context.GetNamespaceAliases().GetNamespaceCount(), 0);
-    EXPECT_EQ(CSerializationContext::m_defaultContext.GetIndentChars(), L"\t");
-}
 
 TEST(SerializationContext, TheTwoIgnoreSwitchesExcludeEachOther) {
     const std::wstring common =
@@ -58,29 +39,6 @@ TEST(SerializationContext, IndentAcceptsOnlyTabsAndBlanks) {
     EXPECT_EQ(context.GetIndentChars(), L"  \t");
     context.SetIndentChars(nullptr);
     EXPECT_EQ(context.GetIndentChars(), L"");
-}
-
-TEST(SerializationContext, SchemaTypeTwoIgnoresNamespaces) {
-    CSerializationContext context;
-    context.SetSchemaType(stNoNamespaces);
-    EXPECT_TRUE(context.GetIgnoreNamespaces());
-    context.SetSchemaType(stDefault);
-    EXPECT_FALSE(context.GetIgnoreNamespaces());
-}
-
-TEST(SerializationContext, CopyTakesEveryOption) {
-    CSerializationContext context;
-    context.SetIgnoreUnknownAttributes(true);
-    context.SetWriteTypeAttribute(false);
-    context.SetInLineSchema(L"<xs:schema/>");
-    context.GetNamespaceAliases().Add(L"a", L"urn:a");
-    context.GetProcessingInstructions().push_back(L"pi");
-    const CSerializationContext copy(context);
-    EXPECT_TRUE(copy.GetIgnoreUnknownAttributes());
-    EXPECT_FALSE(copy.GetWriteTypeAttribute());
-    EXPECT_EQ(copy.GetInLineSchema(), L"<xs:schema/>");
-    EXPECT_EQ(copy.GetNamespaceAliases().GetAliasFromNamespace(L"urn:a"), L"a");
-    ASSERT_EQ(copy.GetProcessingInstructions().size(), 1u);
 }
 
 TEST(NamespaceAliasMap, EntriesAreKeptInUriOrder) {

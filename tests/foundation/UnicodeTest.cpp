@@ -26,6 +26,40 @@ std::string EncodeUtf8(const std::wstring& text) {
 
 } // namespace
 
+// Each length boundary of UTF-8, with its exact bytes, through both encoders and both decoders.
+TEST(ConvertUTF, Utf8LengthBoundaries) {
+    const struct {
+        UTF32 ch;
+        const char* bytes;
+    } cases[] = {
+        {0x7F, "\x7f"},
+        {0x80, "\xc2\x80"},
+        {0x7FF, "\xdf\xbf"},
+        {0x800, "\xe0\xa0\x80"},
+        {0xFFFF, "\xef\xbf\xbf"},
+        {0x10000, "\xf0\x90\x80\x80"},
+        {0x10FFFF, "\xf4\x8f\xbf\xbf"},
+    };
+    for (const auto& c : cases) {
+        const std::vector<UTF8> expected = Bytes(c.bytes);
+        const std::wstring text(1, static_cast<wchar_t>(c.ch));
+        EXPECT_EQ(EncodeUtf8(text), std::string(c.bytes)) << std::hex << c.ch;
+        UTF8 bytes[4];
+        const UTF32* source = &c.ch;
+        UTF8* target = bytes;
+        ASSERT_EQ(ConvertUTF32toUTF8(&source, &c.ch + 1, &target, bytes + 4, strictConversion), conversionOK);
+        EXPECT_EQ(std::vector<UTF8>(bytes, target), expected) << std::hex << c.ch;
+
+        EXPECT_EQ(DecodeUtf8(expected), text) << std::hex << c.ch;
+        UTF32 back = 0;
+        const UTF8* in = expected.data();
+        UTF32* out = &back;
+        ASSERT_EQ(ConvertUTF8toUTF32(&in, in + expected.size(), &out, &back + 1, strictConversion),
+                  conversionOK);
+        EXPECT_EQ(back, c.ch);
+    }
+}
+
 TEST(ConvertUTF, RoundTripsEveryPlaneThroughEachForm) {
     const std::wstring text = L"a\u00e9\u20ac\U0001F600z";
     EXPECT_EQ(EncodeUtf8(text), "a\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80z");

@@ -2,7 +2,7 @@
 // prints is computed from them correctly.
 
 #include "GpxSummary.h"
-#include "support/GpxFiles.h"
+#include "support/Documents.h"
 
 #include <gtest/gtest.h>
 
@@ -36,11 +36,21 @@ CSmartPtr<Gpx::CGpx> BuiltDocument() {
 TEST(Authoring, BuiltDocumentWritesValidAndReadsBack) {
     const CSmartPtr<Gpx::CGpx> gpx = BuiltDocument();
     gpx->ToXmlFile(L"authored.gpx");
-    EXPECT_EQ(GpxFiles::SchemaErrors("authored.gpx"), "");
+    EXPECT_EQ(Documents::XmllintFileErrors("authored.gpx", Documents::Shared("gpx/gpx.xsd")), "");
 
     const CSmartPtr<Gpx::CGpx> copy(new Gpx::CGpx);
     copy->FromXmlFile(L"authored.gpx");
     EXPECT_EQ(copy->ToXml(), gpx->ToXml());
+}
+
+// The setters refuse a value that breaks a facet and keep the one they held.
+TEST(Authoring, SettersCheckFacetsBeforeStoring) {
+    Gpx::CWpt point;
+    point.SetLat(CDecimal(L"45.5"));
+    EXPECT_THROW(point.SetLat(CDecimal(L"95.5")), CQxException);
+    EXPECT_THROW(point.SetDgpsid(CBigInteger(1024)), CQxException);
+    EXPECT_EQ(point.GetLat(), CDecimal(L"45.5"));
+    EXPECT_FALSE(point.GetDgpsid());
 }
 
 TEST(Summary, CountsSpanBoundsAndLength) {

@@ -3,15 +3,14 @@
 
 #include "GpxBindings.h"
 #include "GpxNamespaces.h"
+#include "support/Documents.h"
 #include "json/support/PythonJson.h"
-#include "support/GpxFiles.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 
 using namespace QxXmlLib16;
-using namespace GpxFiles;
 
 namespace {
 
@@ -70,28 +69,27 @@ void ExpectJsonProof(const std::string& path, const std::string& name) {
         const std::wstring established = ExpectJsonRoundTrip(loaded, formatted, false);
         EXPECT_TRUE(strict == established);
     }
-    EXPECT_EQ("", PythonJson::Errors(files));
+    EXPECT_EQ("", PythonJson::Run(files));
 }
 
 class RealFileJson : public ::testing::TestWithParam<std::string> {};
 
 TEST_P(RealFileJson, RoundTripsThroughJsonAtLevelTwo) {
-    ExpectJsonProof(Shared(GetParam()), "json-" + GetParam());
+    ExpectJsonProof(Documents::Shared(GetParam()), "json-" + GetParam().substr(4));
 }
 
 TEST(LongDecimalsJson, EveryDigitKeptAsANumber) {
-    ExpectJsonProof(Shared("long-decimals/garmin-connect-bikeride.gpx"), "json-long-decimals");
+    ExpectJsonProof(Documents::Shared("gpx/long-decimals/garmin-connect-bikeride.gpx"), "json-long-decimals");
     Loaded loaded;
-    Load(Shared("long-decimals/garmin-connect-bikeride.gpx"), loaded);
+    Load(Documents::Shared("gpx/long-decimals/garmin-connect-bikeride.gpx"), loaded);
     EXPECT_NE(
         std::wstring::npos,
         loaded.gpx->ToJson(false, eolLF, loaded.context).find(L"\"@lat\": 35.7804112695157527923583984375"));
 }
 
 TEST(GeneratedJson, RoundTripsThroughJsonAtLevelTwo) {
-    const std::string command =
-        "python3 '" + std::string(QX_SHARED_DATA_DIR) +
-        "/../tools/gen_gpx.py' --points 3000 --waypoints 20 --routes 3 -o generated-json.gpx";
+    const std::string command = "python3 '" + Documents::Shared("../tools/gen_gpx.py") +
+                                "' --points 3000 --waypoints 20 --routes 3 -o generated-json.gpx";
     ASSERT_EQ(std::system(command.c_str()), 0);
     ExpectJsonProof("generated-json.gpx", "json-generated");
 }
@@ -100,7 +98,7 @@ TEST(GeneratedJson, RoundTripsThroughJsonAtLevelTwo) {
 // lose the namespaces of their extensions.
 TEST_P(RealFileJson, LevelOneKeepsExactlyTheFilesWithoutForeignContent) {
     Loaded loaded;
-    Load(Shared(GetParam()), loaded);
+    Load(Documents::Shared(GetParam()), loaded);
     loaded.context.GetJsonContext()->SetSupportRoundtrip(jrtMarkers);
     loaded.context.GetJsonContext()->SetRfc8259Escaping(true);
     const std::wstring json = loaded.gpx->ToJson(true, eolLF, loaded.context);
@@ -115,11 +113,7 @@ TEST_P(RealFileJson, LevelOneKeepsExactlyTheFilesWithoutForeignContent) {
     EXPECT_EQ(loaded.foreignNamespaces == 0, same) << loaded.foreignNamespaces << " foreign namespaces";
 }
 
-INSTANTIATE_TEST_SUITE_P(Shared, RealFileJson, ::testing::ValuesIn(ValidRealFiles()), [](const auto& info) {
-    std::string name = info.param.substr(0, info.param.find('.'));
-    for (char& c : name)
-        if (!isalnum(static_cast<unsigned char>(c))) c = '_';
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(Shared, RealFileJson, ::testing::ValuesIn(Documents::SharedFiles("gpx", ".gpx")),
+                         [](const auto& info) { return Documents::TestName(info.param.substr(4)); });
 
 } // namespace

@@ -118,3 +118,12 @@ TEST(JsonDocument, GrammarErrorsComeThroughWithTheirPosition) {
     EXPECT_EQ(L"Expected Object separator character ',', found '\"' at line 2, position 3.\nPath: .r",
               MessageOf<CQxException>([] { FromStream("{\"r\": {\"a\": 1\n  \"b\": 2}}"); }));
 }
+
+// A 100 MB document of one string is read in one pass, whether the string closes or not.
+TEST(JsonDocument, AHundredMegabyteString) {
+    std::string bytes = "{\"a\": \"" + std::string(100000000, 'x');
+    EXPECT_EQ(L"Unexpected End of File. Expected string value at line 1, position 100000007.\nPath: .a",
+              MessageOf<CQxValidationException>([&] { FromStream(bytes); }));
+    bytes += "\"}";
+    EXPECT_EQ(100000000u + 8, FromStream(bytes).GetLength()); // <a>...</a> and a line end
+}

@@ -25,6 +25,10 @@ struct Shape {
     bool usesNamespaces;
 };
 
+void PrintTo(const Shape& c, std::ostream* os) {
+    *os << c.name;
+}
+
 const Shape kShapes[] = {
     {"Value", [](CXmlWriter& w) { Value(w, L"r", L"5", itI4); }, false},
     {"EmptyString", [](CXmlWriter& w) { Element(w, L"r", [](CXmlWriter& w) { Value(w, L"s", L""); }); },

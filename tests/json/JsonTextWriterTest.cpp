@@ -380,22 +380,3 @@ TEST(JsonWriterLayout, FlushesInBlocks) {
     EXPECT_GE(stream.total, 5000UL * 20);
     EXPECT_LT(stream.largest, 4096UL + 100);
 }
-
-// The writer keeps no recursion of its own: a million nested elements write in linear time.
-TEST(JsonWriterLayout, DeepNestingWritesIteratively) {
-    const int depth = 1000000;
-    CTextStream stream;
-    CJsonTextWriter writer(stream);
-    writer.SetFormat(false);
-    writer.WriteStartDocument();
-    for (int i = 0; i < depth; ++i)
-        writer.WriteStartElement(L"e", L"");
-    for (int i = 0; i < depth; ++i)
-        writer.WriteEndElement();
-    writer.WriteEndDocument();
-    writer.Close();
-    const std::wstring text(stream.GetText(), stream.GetLength());
-    EXPECT_EQ(static_cast<size_t>(depth) * 7 + 2, text.size()); // {"e": {"e": ... {} ... }}
-    EXPECT_EQ(L"{\"e\": {\"e\": {", text.substr(0, 13));
-    EXPECT_EQ(L"{}}", text.substr(text.size() - depth - 2, 3));
-}

@@ -33,6 +33,10 @@ struct XmlCase {
     const char* xml;
 };
 
+void PrintTo(const XmlCase& c, std::ostream* os) {
+    *os << c.name;
+}
+
 class JsonToXml : public testing::TestWithParam<XmlCase> {};
 
 TEST_P(JsonToXml, ReversesTheWritersMapping) {
@@ -87,6 +91,10 @@ struct FailureCase {
     const wchar_t* message; // with its path
     bool invalidState;      // else a validation failure
 };
+
+void PrintTo(const FailureCase& c, std::ostream* os) {
+    *os << c.name;
+}
 
 class JsonToXmlFailure : public testing::TestWithParam<FailureCase> {};
 

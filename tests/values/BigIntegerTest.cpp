@@ -1,6 +1,6 @@
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/values/BigInteger.h>
 #include <QxXmlLib16/values/Decimal.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include "values/support/NumericReference.h"
 

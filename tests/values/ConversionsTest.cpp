@@ -1,356 +1,263 @@
-#include <QxXmlLib16/values/BigInteger.h>
-#include <QxXmlLib16/values/BinaryData.h>
-#include <QxXmlLib16/binding/Conversions.h>
-#include <QxXmlLib16/values/DateTime.h>
-#include <QxXmlLib16/values/DateTimeSpan.h>
-#include <QxXmlLib16/values/Decimal.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
+// The text forms of every primitive kind, through QxVariant, which picks each kind's own conversion:
+// what a text reads as and is written back as, or the exact refusal.
+
+#include <QxXmlLib16/QxXmlLib16.h>
+
+#include "foundation/support/MessageOf.h"
+#include "support/Failure.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstring>
-#include <functional>
 #include <limits>
-#include <vector>
 
 using namespace QxXmlLib16;
-using Rule = CWhitespaceUtils::WhitespaceRule;
 using C = CConversions;
 
 namespace {
 
-const Rule kNone = CWhitespaceUtils::wsNone;
-const Rule kPreserve = CWhitespaceUtils::wsPreserve;
-const Rule kCollapse = CWhitespaceUtils::wsCollapse;
+const auto kNone = CWhitespaceUtils::wsNone;
+const auto kPreserve = CWhitespaceUtils::wsPreserve;
+const auto kCollapse = CWhitespaceUtils::wsCollapse;
 
-// The message of the CQxInvalidValueException that call throws, or a marker when it throws none.
-std::wstring FailureOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const CQxInvalidValueException& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
-}
-
-struct Failure {
-    std::function<void(const std::wstring&)> parse;
-    const wchar_t* text;
-    const wchar_t* message;
+struct TextCase {
+    ItemType kind;
+    const wchar_t* input;
+    CWhitespaceUtils::WhitespaceRule rule;
+    std::wstring text; // written back, or the refusal's message
 };
 
-template <class F>
-std::function<void(const std::wstring&)> Collapsing(F parse) {
-    return [parse](const std::wstring& text) { parse(text, kCollapse); };
+void PrintTo(const TextCase& c, std::ostream* out) {
+    const std::wstring input = c.input;
+    *out << c.kind << " [" << std::string(input.begin(), input.end()) << "]";
 }
 
-} // namespace
-
-TEST(ConversionsIntegers, ParseTheWholeTextInBaseTen) {
-    EXPECT_EQ(C::i4FromString(L" 12 ", kCollapse), 12);
-    EXPECT_EQ(C::i4FromString(L"\t-7\r\n", kCollapse), -7);
-    EXPECT_EQ(C::i4FromString(L"+0012", kNone), 12);
-    EXPECT_EQ(C::i4FromString(L"-2147483648", kNone), -2147483648L);
-    // The C library's own syntax still applies where the rule leaves whitespace in front.
-    EXPECT_EQ(C::i4FromString(L" 12", kNone), 12);
-    EXPECT_EQ(C::i8FromString(L"-9223372036854775808", kNone), std::numeric_limits<long long>::min());
-    EXPECT_EQ(C::i8FromString(L"123456789012345678", kNone), 123456789012345678LL);
-    EXPECT_EQ(C::ui4FromString(L"4294967295", kNone), 4294967295UL);
-    EXPECT_EQ(C::ui8FromString(L"18446744073709551615", kNone),
-              std::numeric_limits<unsigned long long>::max());
-    EXPECT_EQ(C::ui8FromString(L"-0", kNone), 0u);
+std::wstring NotConverted(const wchar_t* text, const wchar_t* kind) {
+    return FormatString(L"The value [%ls] can not be converted to a %ls", text, kind);
+}
+std::wstring TooLarge(const wchar_t* text, const wchar_t* kind) {
+    return FormatString(L"The value [%ls] is to large to fit in a %ls", text, kind);
+}
+std::wstring NotBoolean(const wchar_t* text) {
+    return FormatString(
+        L"A Boolean Value read from an XML document was invalid [%ls]. Valid values are 'true', "
+        L"'false', '1', or '0'",
+        text);
+}
+std::wstring NotChar(const wchar_t* text) {
+    return FormatString(
+        L"The value [%ls] can not be a char as it is either empty of greater than 1 char long", text);
 }
 
-TEST(ConversionsIntegers, ReportMalformedAndOutOfRangeText) {
-    const Failure failures[] = {
-        {Collapsing(C::i4FromString), L"", L"The value [] can not be converted to a i4"},
-        {Collapsing(C::i4FromString), L"   ", L"The value [] can not be converted to a i4"},
-        {Collapsing(C::i4FromString), L"12a", L"The value [12a] can not be converted to a i4"},
-        {Collapsing(C::i4FromString), L"1 2", L"The value [1 2] can not be converted to a i4"},
-        {Collapsing(C::i4FromString), L"-", L"The value [-] can not be converted to a i4"},
-        {Collapsing(C::i4FromString), L"2147483648", L"The value [2147483648] is to large to fit in a i4"},
-        {Collapsing(C::i4FromString), L"-2147483649", L"The value [-2147483649] is to large to fit in a i4"},
-        {Collapsing(C::i4FromString), L"99999999999999999999",
-         L"The value [99999999999999999999] is to large to fit in a i4"},
-        {Collapsing(C::i8FromString), L"x", L"The value [x] can not be converted to a i8"},
-        {Collapsing(C::i8FromString), L"9223372036854775808",
-         L"The value [9223372036854775808] is to large to fit in a i8"},
-        {Collapsing(C::ui4FromString), L"4294967296", L"The value [4294967296] is to large to fit in a ui4"},
-        {Collapsing(C::ui4FromString), L"-1", L"The value [-1] is to large to fit in a ui4"},
-        {Collapsing(C::ui8FromString), L"-1", L"The value [-1] is to large to fit in a ui8"},
-        {Collapsing(C::ui8FromString), L" -00000000000000000000001",
-         L"The value [-00000000000000000000001] is to large to fit in a ui8"},
-        {Collapsing(C::ui8FromString), L"18446744073709551616",
-         L"The value [18446744073709551616] is to large to fit in a ui8"},
-        {Collapsing(C::ui8FromString), L"1.0", L"The value [1.0] can not be converted to a ui8"},
-        // The narrow kinds read through the 32-bit ones, and say "to large" below the range too.
-        {Collapsing(C::i1FromString), L"128", L"The value [128] is to large to fit in a i1"},
-        {Collapsing(C::i1FromString), L" -129 ", L"The value [-129] is to large to fit in a i1"},
-        {Collapsing(C::i1FromString), L"z", L"The value [z] can not be converted to a i4"},
-        {Collapsing(C::i2FromString), L"-32769", L"The value [-32769] is to large to fit in a i2"},
-        {Collapsing(C::ui1FromString), L"256", L"The value [256] is to large to fit in a ui1"},
-        {Collapsing(C::ui1FromString), L"-1", L"The value [-1] is to large to fit in a ui4"},
-        {Collapsing(C::ui2FromString), L"65536", L"The value [65536] is to large to fit in a ui2"},
-    };
-    for (const Failure& f : failures)
-        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
-    EXPECT_EQ(FailureOf([] { C::i4FromString(L"12 ", kPreserve); }),
-              L"The value [12 ] can not be converted to a i4");
-    const std::wstring embeddedNul(L"1\0"
-                                   L"2",
-                                   3); // must not be read as "1"
-    EXPECT_EQ(FailureOf([&] { C::i4FromString(embeddedNul, kNone); }),
-              L"The value [1] can not be converted to a i4");
-}
+const TextCase kTextCases[] = {
+    // Integers: base 10 with the C library's syntax, the whole text, within the kind's range.
+    {itI4, L" 12 ", kCollapse, L"12"},
+    {itI4, L"\t-7\r\n", kCollapse, L"-7"},
+    {itI4, L"+0012", kNone, L"12"},
+    {itI4, L" 12", kNone, L"12"}, // blanks the rule leaves are the C library's to skip
+    {itI4, L"-2147483648", kNone, L"-2147483648"},
+    {itI8, L"-9223372036854775808", kNone, L"-9223372036854775808"},
+    {itUi4, L"4294967295", kNone, L"4294967295"},
+    {itUi8, L"18446744073709551615", kNone, L"18446744073709551615"},
+    {itUi8, L"-0", kNone, L"0"},
+    {itI1, L"-128", kNone, L"-128"},
+    {itI2, L"-32768", kNone, L"-32768"},
+    {itUi1, L"255", kNone, L"255"},
+    {itUi2, L"65535", kNone, L"65535"},
+    {itI4, L"", kCollapse, NotConverted(L"", L"i4")},
+    {itI4, L"   ", kCollapse, NotConverted(L"", L"i4")},
+    {itI4, L"12a", kCollapse, NotConverted(L"12a", L"i4")},
+    {itI4, L"1 2", kCollapse, NotConverted(L"1 2", L"i4")},
+    {itI4, L"-", kCollapse, NotConverted(L"-", L"i4")},
+    {itI4, L"12 ", kPreserve, NotConverted(L"12 ", L"i4")},
+    {itI4, L"2147483648", kCollapse, TooLarge(L"2147483648", L"i4")},
+    {itI4, L"-2147483649", kCollapse, TooLarge(L"-2147483649", L"i4")},
+    {itI4, L"99999999999999999999", kCollapse, TooLarge(L"99999999999999999999", L"i4")},
+    {itI8, L"x", kCollapse, NotConverted(L"x", L"i8")},
+    {itI8, L"9223372036854775808", kCollapse, TooLarge(L"9223372036854775808", L"i8")},
+    {itUi4, L"4294967296", kCollapse, TooLarge(L"4294967296", L"ui4")},
+    {itUi4, L"-1", kCollapse, TooLarge(L"-1", L"ui4")},
+    {itUi8, L" -00000000000000000000001", kCollapse, TooLarge(L"-00000000000000000000001", L"ui8")},
+    {itUi8, L"18446744073709551616", kCollapse, TooLarge(L"18446744073709551616", L"ui8")},
+    {itUi8, L"1.0", kCollapse, NotConverted(L"1.0", L"ui8")},
+    // The narrow kinds read through the 32-bit ones, and say "to large" below the range too.
+    {itI1, L"128", kCollapse, TooLarge(L"128", L"i1")},
+    {itI1, L" -129 ", kCollapse, TooLarge(L"-129", L"i1")},
+    {itI1, L"z", kCollapse, NotConverted(L"z", L"i4")},
+    {itI2, L"-32769", kCollapse, TooLarge(L"-32769", L"i2")},
+    {itUi1, L"256", kCollapse, TooLarge(L"256", L"ui1")},
+    {itUi1, L"-1", kCollapse, TooLarge(L"-1", L"ui4")},
+    {itUi2, L"65536", kCollapse, TooLarge(L"65536", L"ui2")},
+    // Reals: exact special spellings, then wcstod; sixteen or seven significant digits back.
+    {itR8, L"NaN", kNone, L"NaN"},
+    {itR8, L"1.#QNAN", kNone, L"NaN"},
+    {itR4, L" -NAN ", kCollapse, L"NaN"},
+    {itR8, L"INF", kNone, L"INF"},
+    {itR4, L"-INF", kNone, L"-INF"},
+    {itR8, L"inf", kNone, L"INF"},
+    {itR8, L"1e999", kNone, L"INF"},
+    {itR4, L"-1e300", kNone, L"-INF"},
+    {itR8, L" 1.5e2 ", kCollapse, L"150"},
+    {itR4, L"0.1", kNone, L"0.1"},
+    {itR8, L"-0.1", kNone, L"-0.1"},
+    {itR8, L"-0", kNone, L"-0"},
+    {itR8, L"0.33333333333333331", kNone, L"0.3333333333333333"},
+    {itR4, L"0.333333343", kNone, L"0.3333333"},
+    {itR8, L"1e21", kNone, L"1e+21"},
+    {itR8, L"123456789012345678", kNone, L"1.234567890123457e+17"},
+    {itR8, L"", kCollapse, NotConverted(L"", L"r8")},
+    {itR8, L"1.5x", kCollapse, NotConverted(L"1.5x", L"r8")},
+    {itR8, L"Inf inity", kCollapse, NotConverted(L"Inf inity", L"r8")},
+    {itR4, L"\n", kCollapse, NotConverted(L"", L"r4")},
+    {itR4, L"nan x", kCollapse, NotConverted(L"nan x", L"r4")},
+    // Booleans, characters and strings.
+    {itBoolean, L"TRUE", kNone, L"true"},
+    {itBoolean, L" tRuE ", kCollapse, L"true"},
+    {itBoolean, L"1", kNone, L"true"},
+    {itBoolean, L"False", kNone, L"false"},
+    {itBoolean, L"0", kNone, L"false"},
+    {itBoolean, L"yes", kCollapse, NotBoolean(L"yes")},
+    {itBoolean, L"truex", kCollapse, NotBoolean(L"truex")},
+    {itBoolean, L"", kCollapse, NotBoolean(L"")},
+    {itChar, L"\x20AC", kNone, L"\x20AC"},
+    {itChar, L" x ", kCollapse, L"x"},
+    {itChar, L"", kCollapse, NotChar(L"")},
+    {itChar, L"ab", kCollapse, NotChar(L"ab")},
+    {itString, L"  a \t\n b  ", kCollapse, L"a b"},
+    {itString, L"a\r\nb", CWhitespaceUtils::wsReplace, L"a b"},
+    {itString, L"a\r\nb", kPreserve, L"a\nb"},
+    {itString, L" a  b ", kNone, L" a  b "},
+    // gYear, gMonth and gDay as plain numbers.
+    {itYear, L" 2024 ", kCollapse, L"2024"},
+    {itYear, L"65535", kNone, L"65535"},
+    {itMonth, L"--05", kNone, L"--05"},
+    {itMonth, L"\t--12\n", kCollapse, L"--12"},
+    {itDay, L"---07", kNone, L"---07"},
+    {itDay, L"---31", kNone, L"---31"},
+    {itYear, L"65536", kCollapse, TooLarge(L"65536", L"year")},
+    {itYear, L"20x4", kCollapse, NotConverted(L"20x4", L"year")},
+    {itMonth, L"--13", kCollapse, NotConverted(L"--13", L"month")},
+    {itMonth, L"--00", kCollapse, NotConverted(L"--00", L"month")},
+    {itMonth, L"--5", kCollapse, NotConverted(L"--5", L"month")},
+    {itMonth, L"--05Z", kCollapse, NotConverted(L"--05Z", L"month")},
+    {itMonth, L"-05", kCollapse, NotConverted(L"-05", L"month")},
+    {itMonth, L"--/5", kCollapse, NotConverted(L"--/5", L"month")},
+    {itDay, L"---32", kCollapse, NotConverted(L"---32", L"day")},
+    {itDay, L"--07", kCollapse, NotConverted(L"--07", L"day")},
+    {itDay, L"", kCollapse, NotConverted(L"", L"day")},
+    // Binary data, the date and time kinds and durations through their own values.
+    {itHexBinary, L" 0a1B\n", kCollapse, L"0A1B"},
+    {itHexBinary, L"ABC", kNone, L"Invalid length in hex string"},
+    {itBase64Binary, L"AQID", kNone, L"AQID"},
+    {itDateTime, L" 2001-10-26T21:32:52.5Z ", kCollapse, L"2001-10-26T21:32:52.5Z"},
+    {itDateTime, L"2001-10-26T21:32:52.5+02:00", kNone, L"2001-10-26T21:32:52.5+02:00"},
+    {itDate, L"2000-02-29Z", kNone, L"2000-02-29Z"},
+    {itTime, L"\t21:32:52+02:00", kCollapse, L"21:32:52+02:00"},
+    {itYearMonth, L"-0005-12", kNone, L"-0005-12"},
+    {itMonthDay, L"--02-29", kNone, L"--02-29"},
+    {itDuration, L" -P1Y2MT3H4.5S ", kCollapse, L"-P1Y2MT3H4.5S"},
+    {itDateTime, L"2001-10-26", kCollapse, NotConverted(L"2001-10-26", L"datetime")},
+    {itYearMonth, L"2001", kCollapse, NotConverted(L"2001", L"yearMonth")},
+    {itMonthDay, L"--02", kCollapse, NotConverted(L"--02", L"monthDay")},
+    {itDate, L"2001-02-29", kCollapse, L"Invalid Day [29] (1 <= day <= days in month)"},
+    {itDuration, L"PT1.0000000001S", kCollapse,
+     L"Invalid XSD Duration [PT1.0000000001S] Fraction part too long"},
+    // Exact numbers keep every digit.
+    {itDecimal, L" 47.6443212345678901234567890123 ", kCollapse, L"47.6443212345678901234567890123"},
+    {itDecimal, L"-0001.500", kNone, L"-1.5"},
+    {itDecimal, L"12a", kNone,
+     L"The string representing a Decimal, contained an invalid char at position 2 [12a]."},
+    {itInteger, L"\n-123456789012345678901234567890 ", kCollapse, L"-123456789012345678901234567890"},
+};
 
-TEST(ConversionsIntegers, UnknownWhitespaceRuleIsReported) {
-    try {
-        C::i4FromString(L"1", static_cast<Rule>(9));
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), L"Unknown WhitespaceRule");
+class TextForm : public testing::TestWithParam<TextCase> {};
+
+TEST_P(TextForm, ReadsAndWritesBackOrIsRefused) {
+    const TextCase& c = GetParam();
+    QxVariant value;
+    const Failure failure = FailureOf([&] { value.FromString(c.input, c.kind, c.rule); });
+    if (failure.message != L"(no exception)") {
+        EXPECT_EQ(failure.message, c.text);
+        EXPECT_FALSE(value.IsValid()) << "a refused text left a value";
+        return;
     }
+    EXPECT_EQ(value.GetItemType(), c.kind);
+    EXPECT_EQ(value.ToString(), c.text);
+    EXPECT_EQ(QxVariant(value).ToString(), c.text);
 }
 
-TEST(ConversionsIntegers, TextIsThatOfPrintf) {
-    EXPECT_EQ(C::i4ToString(0), L"0");
-    EXPECT_EQ(C::i4ToString(-2147483647L - 1), L"-2147483648");
-    EXPECT_EQ(C::i8ToString(std::numeric_limits<long long>::min()), L"-9223372036854775808");
-    EXPECT_EQ(C::ui4ToString(4294967295UL), L"4294967295");
-    EXPECT_EQ(C::ui8ToString(std::numeric_limits<unsigned long long>::max()), L"18446744073709551615");
-    EXPECT_EQ(C::yearToString(2024), L"2024");
-    EXPECT_EQ(C::monthToString(5), L"--05");
-    EXPECT_EQ(C::monthToString(12), L"--12");
-    EXPECT_EQ(C::dayToString(7), L"---07");
+INSTANTIATE_TEST_SUITE_P(EveryKind, TextForm, testing::ValuesIn(kTextCases));
+
+TEST(TextForms, FormatsOfDecimalsRealsAndDates) {
+    EXPECT_EQ(C::decimalToString(CDecimal(L"1.005"), L"2"), L"1.01");
+    EXPECT_EQ(C::decimalToString(CDecimal(L"-1.5"), L"3"), L"-1.500");
+    EXPECT_EQ(C::decimalToString(CDecimal(L"2.50"), L""), L"2.5");
+    for (const wchar_t* format : {L"x", L"-1", L"2.5", L"12345"})
+        EXPECT_EQ(MessageOf<CQxInvalidParamException>([&] { C::decimalToString(CDecimal(1), format); }),
+                  std::wstring(L"Invalid decimal format [") + format + L"]");
+    EXPECT_EQ(C::r8ToString(2.5, L"%.3f"), L"2.500");
+    EXPECT_EQ(C::r8ToString(2.5, L""), L"2.5");
+    EXPECT_EQ(C::r4ToString(2.5f, L"%e"), L"2.500000e+00");
+    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::infinity(), L"%.3f"), L"INF");
     EXPECT_EQ(C::dayToString(123), L"---123");
+    QxVariant date;
+    date.FromString(L"2001-10-26", itDate, kCollapse);
+    EXPECT_EQ(date.ToString(L"s"), L"2001-10-26");
+    EXPECT_EQ(date.ToString(L"x"), L"Unknown Format: x");
 }
 
-TEST(ConversionsReals, SpecialSpellingsAreExactAndCaseSensitive) {
-    EXPECT_TRUE(std::isnan(C::r8FromString(L"NaN", kNone)));
-    EXPECT_TRUE(std::isnan(C::r8FromString(L"1.#QNAN", kNone)));
-    EXPECT_TRUE(std::isnan(C::r4FromString(L" -NAN ", kCollapse)));
-    EXPECT_EQ(C::r8FromString(L"INF", kNone), std::numeric_limits<double>::infinity());
-    EXPECT_EQ(C::r4FromString(L"-INF", kNone), -std::numeric_limits<float>::infinity());
-    // Other spellings are the C library's business.
-    EXPECT_EQ(C::r8FromString(L"inf", kNone), std::numeric_limits<double>::infinity());
-    EXPECT_EQ(C::r8FromString(L"1e999", kNone), std::numeric_limits<double>::infinity());
-    EXPECT_EQ(C::r4FromString(L"-1e300", kNone), -std::numeric_limits<float>::infinity());
-    EXPECT_EQ(C::r8FromString(L" 1.5e2 ", kCollapse), 150.0);
-    EXPECT_EQ(C::r4FromString(L"0.1", kNone), 0.1f);
-    EXPECT_EQ(C::r8FromString(L"-0.1", kNone), -0.1);
+TEST(TextForms, UnknownRulesKindsAndEmbeddedNul) {
+    EXPECT_EQ(
+        FailureOf([] { C::i4FromString(L"1", static_cast<CWhitespaceUtils::WhitespaceRule>(9)); }).message,
+        L"Unknown WhitespaceRule");
+    // A text is read whole, not up to a NUL in it.
+    EXPECT_EQ(FailureOf([] { C::i4FromString(std::wstring(L"1\0002", 3), kNone); }).message,
+              NotConverted(L"1", L"i4"));
+    QxVariant value;
+    value.SetI4(7);
+    for (int type : {0, 27, 28, 29, -1})
+        EXPECT_EQ(
+            MessageOf<CQxInvalidParamException>([&] { value.FromString(L"1", ItemType(type), kCollapse); }),
+            L"Unknown Type");
+    EXPECT_EQ(value.GetI4(), 7);
+    EXPECT_EQ(MessageOf<CQxException>([] { QxVariant().ToString(); }),
+              L"Invalid Type 0 to convert to string");
 }
 
-TEST(ConversionsReals, ValuesAreBitForBitThoseOfWcstod) {
-    std::vector<std::wstring> texts = {L"0",
-                                       L"-0",
-                                       L".5",
+// Reals read bit for bit as wcstod reads them, and print as the wide printf does, over the range.
+TEST(TextForms, RealsAgreeWithTheCLibrary) {
+    std::vector<std::wstring> texts = {L".5",
                                        L"5.",
                                        L"-.5e-3",
-                                       L"1e+5",
                                        L"00012.50",
                                        L"1e-400",
-                                       L"-1e400",
                                        L"4.9e-324",
                                        L"2.2250738585072011e-308",
                                        L"1.7976931348623157e308",
                                        L"9007199254740993",
-                                       L"0.1000000000000000055511151231257827",
                                        L"123456789012345678901234567890e-5",
                                        L"+1.5",
                                        L"0x1p3",
-                                       L"infinity",
-                                       L"nan"};
+                                       L"infinity"};
     unsigned seed = 777;
     wchar_t printed[64];
     for (int i = 0; i < 3000; ++i) {
         seed = seed * 1103515245u + 12345u;
         double value = (seed >> 8) / 16777216.0 * std::pow(10.0, static_cast<int>(seed % 630) - 322);
+        if (seed & 1) value = -value;
         swprintf(printed, 64, i % 2 ? L"%.17g" : L"%.25e", value);
         texts.push_back(printed);
+        swprintf(printed, 64, L"%.16g", value);
+        ASSERT_EQ(C::r8ToString(value), printed);
+        if (std::fabs(value) > std::numeric_limits<float>::max()) continue;
+        swprintf(printed, 64, L"%.7g", static_cast<double>(static_cast<float>(value)));
+        ASSERT_EQ(C::r4ToString(static_cast<float>(value)), printed);
     }
     for (const std::wstring& text : texts) {
-        double expected = std::wcstod(text.c_str(), nullptr);
-        double actual = C::r8FromString(text, kNone);
-        if (std::isnan(expected)) {
-            EXPECT_TRUE(std::isnan(actual)) << text;
-        } else {
-            EXPECT_EQ(std::memcmp(&expected, &actual, sizeof actual), 0) << text;
-        }
+        const double expected = std::wcstod(text.c_str(), nullptr), actual = C::r8FromString(text, kNone);
+        EXPECT_EQ(std::memcmp(&expected, &actual, sizeof actual), 0) << text;
     }
 }
 
-TEST(ConversionsReals, ReportTextNotConsumedWhole) {
-    const Failure failures[] = {
-        {Collapsing(C::r8FromString), L"", L"The value [] can not be converted to a r8"},
-        {Collapsing(C::r8FromString), L"1.5x", L"The value [1.5x] can not be converted to a r8"},
-        {Collapsing(C::r8FromString), L"Inf inity", L"The value [Inf inity] can not be converted to a r8"},
-        {Collapsing(C::r4FromString), L"\n", L"The value [] can not be converted to a r4"},
-        {Collapsing(C::r4FromString), L"nan x", L"The value [nan x] can not be converted to a r4"},
-    };
-    for (const Failure& f : failures)
-        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
-}
-
-TEST(ConversionsReals, TextKeepsSixteenOrSevenSignificantDigits) {
-    EXPECT_EQ(C::r8ToString(1.0 / 3), L"0.3333333333333333");
-    EXPECT_EQ(C::r4ToString(0.1f), L"0.1");
-    EXPECT_EQ(C::r4ToString(1.0f / 3), L"0.3333333");
-    EXPECT_EQ(C::r8ToString(0.1), L"0.1");
-    EXPECT_EQ(C::r8ToString(1e21), L"1e+21");
-    EXPECT_EQ(C::r8ToString(-0.0), L"-0");
-    EXPECT_EQ(C::r8ToString(123456789012345678.0), L"1.234567890123457e+17");
-    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::infinity()), L"INF");
-    EXPECT_EQ(C::r8ToString(-std::numeric_limits<double>::infinity()), L"-INF");
-    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::quiet_NaN()), L"NaN");
-    EXPECT_EQ(C::r4ToString(-std::numeric_limits<float>::quiet_NaN()), L"NaN");
-    EXPECT_EQ(C::r4ToString(std::numeric_limits<float>::infinity()), L"INF");
-    EXPECT_EQ(C::r8ToString(2.5, L"%.3f"), L"2.500");
-    EXPECT_EQ(C::r8ToString(2.5, L""), L"2.5");
-    EXPECT_EQ(C::r4ToString(2.5f, L"%e"), L"2.500000e+00");
-    EXPECT_EQ(C::r8ToString(std::numeric_limits<double>::infinity(), L"%.3f"), L"INF");
-}
-
-TEST(ConversionsReals, DefaultTextMatchesWidePrintfForManyValues) {
-    wchar_t expected[64];
-    unsigned seed = 12345;
-    for (int i = 0; i < 3000; ++i) {
-        seed = seed * 1103515245u + 12345u;
-        // Mantissas below one and exponents from subnormal to the top of the range.
-        double value = (seed >> 8) / 16777216.0 * std::pow(10.0, static_cast<int>(seed % 630) - 322);
-        if (seed & 1) value = -value;
-        swprintf(expected, 64, L"%.16g", value);
-        ASSERT_EQ(C::r8ToString(value), expected);
-        if (std::fabs(value) > std::numeric_limits<float>::max()) continue;
-        swprintf(expected, 64, L"%.7g", static_cast<double>(static_cast<float>(value)));
-        ASSERT_EQ(C::r4ToString(static_cast<float>(value)), expected);
-    }
-}
-
-TEST(ConversionsBooleanAndChar, AcceptOnlyTheirSpellings) {
-    EXPECT_TRUE(C::booleanFromString(L"TRUE", kNone));
-    EXPECT_TRUE(C::booleanFromString(L" tRuE ", kCollapse));
-    EXPECT_TRUE(C::booleanFromString(L"1", kNone));
-    EXPECT_FALSE(C::booleanFromString(L"False", kNone));
-    EXPECT_FALSE(C::booleanFromString(L"0", kNone));
-    EXPECT_EQ(C::booleanToString(true), L"true");
-    EXPECT_EQ(C::booleanToString(false), L"false");
-    EXPECT_EQ(C::charFromString(L"\x20AC", kNone), L'\x20AC');
-    EXPECT_EQ(C::charFromString(L" x ", kCollapse), L'x');
-    EXPECT_EQ(C::charToString(L'y'), L"y");
-
-    const Failure failures[] = {
-        {Collapsing(C::booleanFromString), L"yes",
-         L"A Boolean Value read from an XML document was invalid [yes]. Valid values are 'true', 'false', "
-         L"'1', or '0'"},
-        {Collapsing(C::booleanFromString), L"truex",
-         L"A Boolean Value read from an XML document was invalid [truex]. Valid values are 'true', 'false', "
-         L"'1', or "
-         L"'0'"},
-        {Collapsing(C::booleanFromString), L"",
-         L"A Boolean Value read from an XML document was invalid []. Valid values are 'true', 'false', '1', "
-         L"or '0'"},
-        {Collapsing(C::charFromString), L"",
-         L"The value [] can not be a char as it is either empty of greater than 1 char long"},
-        {Collapsing(C::charFromString), L"ab",
-         L"The value [ab] can not be a char as it is either empty of greater than 1 char long"},
-    };
-    for (const Failure& f : failures)
-        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
-}
-
-TEST(ConversionsStrings, ApplyTheRuleOnlyOnTheWayIn) {
-    EXPECT_EQ(C::stringFromString(L"  a \t\n b  ", kCollapse), L"a b");
-    EXPECT_EQ(C::stringFromString(L"a\r\nb", CWhitespaceUtils::wsReplace), L"a b");
-    EXPECT_EQ(C::stringFromString(L"a\r\nb", kPreserve), L"a\nb");
-    EXPECT_EQ(C::stringFromString(L" a  b ", kNone), L" a  b ");
-    EXPECT_EQ(C::stringFromString(L"a b", kCollapse), L"a b");
-    EXPECT_EQ(C::stringToString(L" a "), L" a ");
-}
-
-TEST(ConversionsYearMonthDay, ReadTheirOwnText) {
-    EXPECT_EQ(C::yearFromString(L" 2024 ", kCollapse), 2024);
-    EXPECT_EQ(C::yearFromString(L"65535", kNone), 65535);
-    EXPECT_EQ(C::monthFromString(L"--05", kNone), 5);
-    EXPECT_EQ(C::monthFromString(L"\t--12\n", kCollapse), 12);
-    EXPECT_EQ(C::dayFromString(L"---07", kNone), 7);
-    EXPECT_EQ(C::dayFromString(L"---31", kNone), 31);
-
-    const Failure failures[] = {
-        {Collapsing(C::yearFromString), L"65536", L"The value [65536] is to large to fit in a year"},
-        {Collapsing(C::yearFromString), L"20x4", L"The value [20x4] can not be converted to a year"},
-        {Collapsing(C::monthFromString), L"--13", L"The value [--13] can not be converted to a month"},
-        {Collapsing(C::monthFromString), L"--00", L"The value [--00] can not be converted to a month"},
-        {Collapsing(C::monthFromString), L"--5", L"The value [--5] can not be converted to a month"},
-        {Collapsing(C::monthFromString), L"--05Z", L"The value [--05Z] can not be converted to a month"},
-        {Collapsing(C::monthFromString), L"-05", L"The value [-05] can not be converted to a month"},
-        {Collapsing(C::monthFromString), L"--/5", L"The value [--/5] can not be converted to a month"},
-        {Collapsing(C::dayFromString), L"---32", L"The value [---32] can not be converted to a day"},
-        {Collapsing(C::dayFromString), L"--07", L"The value [--07] can not be converted to a day"},
-        {Collapsing(C::dayFromString), L"", L"The value [] can not be converted to a day"},
-    };
-    for (const Failure& f : failures)
-        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
-}
-
-TEST(ConversionsBinary, HexAndBase64GoThroughTheBinaryValue) {
-    CBinaryData hex = C::hexBinaryFromString(L" 0a1B\n", kCollapse);
-    ASSERT_EQ(hex.GetLength(), 2u);
-    EXPECT_EQ(hex[0], 0x0A);
-    EXPECT_EQ(hex[1], 0x1B);
-    EXPECT_EQ(C::hexBinaryToString(hex), L"0A1B");
-    EXPECT_EQ(C::base64BinaryToString(C::base64BinaryFromString(L"AQID", kNone)), L"AQID");
-    unsigned char octets[] = {1, 2, 3};
-    EXPECT_EQ(C::base64BinaryFromString(L"AQID", kNone), CBinaryData(octets, 3, false));
-    try {
-        C::hexBinaryFromString(L"ABC", kNone);
-        FAIL() << "no exception";
-    } catch (const CQxException& e) {
-        EXPECT_EQ(e.GetMessage(), L"Invalid length in hex string");
-    }
-}
-
-TEST(ConversionsDates, EachParserAcceptsOnlyItsKind) {
-    EXPECT_EQ(C::datetimeToString(C::datetimeFromString(L" 2001-10-26T21:32:52.5Z ", kCollapse)),
-              L"2001-10-26T21:32:52.5Z");
-    EXPECT_EQ(C::dateToString(C::dateFromString(L"2000-02-29", kNone)), L"2000-02-29");
-    EXPECT_EQ(C::timeToString(C::timeFromString(L"\t21:32:52+02:00", kCollapse)), L"21:32:52+02:00");
-    EXPECT_EQ(C::yearMonthToString(C::yearMonthFromString(L"-0005-12", kNone)), L"-0005-12");
-    EXPECT_EQ(C::monthDayToString(C::monthDayFromString(L"--02-29", kNone)), L"--02-29");
-    EXPECT_EQ(C::datetimeToString(C::datetimeFromString(L"2001-10-26T21:32:52", kNone), L"x"),
-              L"Unknown Format: x");
-    EXPECT_EQ(C::durationToString(C::durationFromString(L" -P1Y2MT3H4.5S ", kCollapse)), L"-P1Y2MT3H4.5S");
-
-    const Failure failures[] = {
-        {Collapsing(C::datetimeFromString), L"2001-10-26",
-         L"The value [2001-10-26] can not be converted to a datetime"},
-        {Collapsing(C::yearMonthFromString), L"2001",
-         L"The value [2001] can not be converted to a yearMonth"},
-        {Collapsing(C::monthDayFromString), L"--02", L"The value [--02] can not be converted to a monthDay"},
-        {Collapsing(C::dateFromString), L"2001-02-29", L"Invalid Day [29] (1 <= day <= days in month)"},
-        {Collapsing(C::durationFromString), L"PT1.0000000001S",
-         L"Invalid XSD Duration [PT1.0000000001S] Fraction part too long"},
-    };
-    for (const Failure& f : failures)
-        EXPECT_EQ(FailureOf([&] { f.parse(f.text); }), f.message) << f.text;
-}
-
-TEST(ConversionsNumbers, DecimalAndIntegerKeepEveryDigit) {
-    CDecimal coordinate = C::decimalFromString(L" 47.6443212345678901234567890123 ", kCollapse);
-    EXPECT_EQ(C::decimalToString(coordinate), L"47.6443212345678901234567890123");
-    EXPECT_EQ(C::decimalToString(C::decimalFromString(L"1.005", kNone), L"2"), L"1.01");
-    EXPECT_EQ(C::decimalToString(C::decimalFromString(L"-1.5", kNone), L"3"), L"-1.500");
-    EXPECT_EQ(C::decimalToString(C::decimalFromString(L"2.50", kNone), L""), L"2.5");
-    EXPECT_EQ(C::integerToString(C::integerFromString(L"\n-123456789012345678901234567890 ", kCollapse)),
-              L"-123456789012345678901234567890");
-    EXPECT_EQ(FailureOf([] { C::decimalFromString(L"12a", kNone); }),
-              L"The string representing a Decimal, contained an invalid char at position 2 [12a].");
-    for (const wchar_t* format : {L"x", L"-1", L"2.5", L"12345"}) {
-        try {
-            C::decimalToString(CDecimal(1), format);
-            ADD_FAILURE() << "no exception for " << format;
-        } catch (const CQxInvalidParamException& e) {
-            EXPECT_EQ(e.GetMessage(), std::wstring(L"Invalid decimal format [") + format + L"]");
-        }
-    }
-}
+} // namespace

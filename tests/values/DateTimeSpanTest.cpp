@@ -1,6 +1,6 @@
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/values/DateTime.h>
 #include <QxXmlLib16/values/DateTimeSpan.h>
-#include <QxXmlLib16/foundation/Exceptions.h>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include <QxXmlLib16/values/Decimal.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/values/Decimal.h>
 
 #include "values/support/NumericReference.h"
 

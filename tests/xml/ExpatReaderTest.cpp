@@ -1,5 +1,5 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/xml/XmlAttribute.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>

@@ -33,120 +33,73 @@ std::wstring ThrownBy(const std::function<void(CXmlTextWriter&)>& writes) {
 
 } // namespace
 
-TEST(XmlTextWriterNamespaces, GeneratedPrefixDeclaredOnTheElementThatNeedsIt) {
-    EXPECT_EQ(L"<AA:root xmlns:AA=\"urn:a\"/>\n", Written([](CXmlTextWriter& w) {
-                  w.WriteStartElement(L"root", L"urn:a");
-                  w.WriteEndElement();
-              }));
-    EXPECT_EQ(L"<AA:root xmlns:AA=\"urn:a\">\n\t<AB:x xmlns:AB=\"urn:b\">1</AB:x>\n</AA:root>\n",
-              Written([](CXmlTextWriter& w) {
-                  w.WriteStartElement(L"root", L"urn:a");
-                  w.WriteStartElement(L"x", L"urn:b");
-                  w.WriteString(L"1", itString, false);
-                  w.WriteEndElement();
-                  w.WriteEndElement();
-              }));
-}
-
-TEST(XmlTextWriterNamespaces, DefaultAndRootDeclarations) {
-    EXPECT_EQ(L"<root xmlns=\"urn:a\" xmlns:p=\"urn:p\">\n\t<p:c/>\n\t<d/>\n</root>\n",
-              Written([](CXmlTextWriter& w) {
-                  w.SetDefaultNamespace(L"urn:a");
-                  w.AddNamespace(L"p", L"urn:p");
-                  w.WriteStartElement(L"root", L"urn:a");
-                  w.WriteStartElement(L"c", L"urn:p");
-                  w.WriteEndElement();
-                  w.WriteStartElement(L"d", L"urn:a");
-                  w.WriteEndElement();
-                  w.WriteEndElement();
-              }));
-}
-
-TEST(XmlTextWriterNamespaces, DeclarationsGoOutOfScopeWithTheirElement) {
-    // The second b-child needs its prefix declared again: the first declaration ended with its element.
-    EXPECT_EQ(L"<r><AA:x xmlns:AA=\"urn:b\"/><AA:x xmlns:AA=\"urn:b\"/></r>", Written([](CXmlTextWriter& w) {
-                  w.SetFormat(false);
-                  w.WriteStartElement(L"r", L"");
-                  for (int i = 0; i < 2; ++i) {
-                      w.WriteStartElement(L"x", L"urn:b");
-                      w.WriteEndElement();
-                  }
-                  w.WriteEndElement();
-              }));
-}
-
-TEST(XmlTextWriterNamespaces, UniquePrefixesSkipThoseInUse) {
-    EXPECT_EQ(L"AA", CXmlWriter::NsIntToString(0));
-    EXPECT_EQ(L"AB", CXmlWriter::NsIntToString(1));
-    EXPECT_EQ(L"BA", CXmlWriter::NsIntToString(26));
-    CXmlWriter::NamespaceMap map{{L"urn:1", L"AA"}, {L"urn:2", L"AC"}};
-    EXPECT_EQ(L"AB", CXmlWriter::GetUniquePrefix(map));
-}
-
-TEST(XmlTextWriterNamespaces, ContextMapIsCopiedOnlyOnWrite) {
-    CXmlWriter::CXmlWriterContext root(L"r", L"", L"urn:d", {{L"urn:p", L"p"}});
-    CXmlWriter::CXmlWriterContext child(L"c", L"", &root);
-    EXPECT_EQ(&root.GetNamespaceMap(), &child.GetNamespaceMap());
-    child.SetNamespaceMapValue(L"urn:q", L"q");
-    EXPECT_NE(&root.GetNamespaceMap(), &child.GetNamespaceMap());
-    EXPECT_EQ(L"p", child.GetNamespaceMapValue(L"urn:p"));
-    EXPECT_EQ(L"", root.GetNamespaceMapValue(L"urn:q"));
-    child.SetDefaultNamespace(L"urn:e");
-    EXPECT_EQ(L"urn:d", root.GetDefaultNamespace());
-    EXPECT_EQ(L"urn:e", child.GetDefaultNamespace());
-}
-
-TEST(XmlTextWriterAttributes, EscapingAndQualifiedNames) {
-    EXPECT_EQ(L"<e a=\"1&#xA;&quot;&amp;&lt;&gt;'\t\" xmlns:AA=\"urn:x\" AA:b=\"2\" AA:c=\"3\"/>",
-              Written([](CXmlTextWriter& w) {
-                  w.SetFormat(false);
-                  w.WriteStartElement(L"e", L"");
-                  w.WriteAttributeString(L"a", L"", L"1\n\"&<>'\t\r", itString);
-                  w.WriteAttributeString(L"b", L"urn:x", L"2", itString);
-                  w.WriteAttributeString(L"c", L"urn:x", L"3", itString);
-                  w.WriteEndElement();
-              }));
-}
-
-TEST(XmlTextWriterAttributes, TypeAndNil) {
-    EXPECT_EQ(
-        L"<e xmlns:AA=\"urn:t\"  xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" AB:type=\"AA:T\""
-        L" AB:nil=\"true\"/>",
-        Written([](CXmlTextWriter& w) {
-            w.SetFormat(false);
-            w.WriteStartElement(L"e", L"");
-            w.WriteAttributeType(L"urn:t", L"T", itNone);
-            w.WriteAttributeNil();
-            w.WriteEndElement();
-        }));
-}
-
-TEST(XmlTextWriterText, EscapingLineEndsAndCData) {
-    EXPECT_EQ(L"<e>a\r\n\"&amp;&lt;&gt;</e>\r\n", Written([](CXmlTextWriter& w) {
-                  w.SetEOLType(eolCRLF);
-                  w.WriteStartElement(L"e", L"");
-                  w.WriteString(L"a\r\n\"&<>", itString, false);
-                  w.WriteEndElement();
-              }));
-    EXPECT_EQ(L"<e><![CDATA[x<y]]></e>\n", Written([](CXmlTextWriter& w) {
-                  w.WriteStartElement(L"e", L"");
-                  w.WriteString(L"<![CDATA[x<y]]>", itString, false);
-                  w.WriteEndElement();
-              }));
-}
-
-TEST(XmlTextWriterText, EmptyAndDefaultValuesWriteNothing) {
-    auto element = [](bool writeDefaults) {
-        return Written([writeDefaults](CXmlTextWriter& w) {
-            w.SetWriteDefaultElementValues(writeDefaults);
-            w.WriteStartElement(L"e", L"");
-            w.WriteString(L"", itString, false);
-            w.WriteString(L"d", itString, true);
-            w.WriteEndElement();
-        });
+// What a sequence of writes produces, formatted (one tab per level) unless it says otherwise. Prefixes
+// and their scopes are proven by the documents the bindings write.
+TEST(XmlTextWriterOutput, AttributesAndText) {
+    using W = CXmlTextWriter;
+    const struct {
+        const char* what;
+        std::function<void(W&)> writes;
+        const wchar_t* expected;
+    } cases[] = {
+        {"attributes are escaped, and qualified once declared",
+         [](W& w) {
+             w.SetFormat(false);
+             w.WriteStartElement(L"e", L"");
+             w.WriteAttributeString(L"a", L"", L"1\n\"&<>'\t\r", itString);
+             w.WriteAttributeString(L"b", L"urn:x", L"2", itString);
+             w.WriteAttributeString(L"c", L"urn:x", L"3", itString);
+             w.WriteEndElement();
+         },
+         L"<e a=\"1&#xA;&quot;&amp;&lt;&gt;'\t\" xmlns:AA=\"urn:x\" AA:b=\"2\" AA:c=\"3\"/>"},
+        {"xsi:type and xsi:nil",
+         [](W& w) {
+             w.SetFormat(false);
+             w.WriteStartElement(L"e", L"");
+             w.WriteAttributeType(L"urn:t", L"T", itNone);
+             w.WriteAttributeNil();
+             w.WriteEndElement();
+         },
+         L"<e xmlns:AA=\"urn:t\"  xmlns:AB=\"http://www.w3.org/2001/XMLSchema-instance\" AB:type=\"AA:T\" "
+         L"AB:nil=\"true\"/>"},
+        {"text is escaped, with the line ends asked for",
+         [](W& w) {
+             w.SetEOLType(eolCRLF);
+             w.WriteStartElement(L"e", L"");
+             w.WriteString(L"a\r\n\"&<>", itString, false);
+             w.WriteEndElement();
+         },
+         L"<e>a\r\n\"&amp;&lt;&gt;</e>\r\n"},
+        {"CDATA passes through",
+         [](W& w) {
+             w.WriteStartElement(L"e", L"");
+             w.WriteString(L"<![CDATA[x<y]]>", itString, false);
+             w.WriteEndElement();
+         },
+         L"<e><![CDATA[x<y]]></e>\n"},
+        {"empty text and default values write nothing",
+         [](W& w) {
+             w.WriteStartElement(L"e", L"");
+             w.WriteString(L"", itString, false);
+             w.WriteString(L"d", itString, true);
+             w.WriteEndElement();
+         },
+         L"<e/>\n"},
+        {"default values are written when asked for",
+         [](W& w) {
+             w.SetWriteDefaultElementValues(true);
+             w.WriteStartElement(L"e", L"");
+             w.WriteString(L"d", itString, true);
+             w.WriteEndElement();
+         },
+         L"<e>d</e>\n"},
     };
-    EXPECT_EQ(L"<e/>\n", element(false));
-    EXPECT_EQ(L"<e>d</e>\n", element(true));
+    for (const auto& c : cases)
+        EXPECT_EQ(Written(c.writes), c.expected) << c.what;
+
+    EXPECT_EQ(CXmlWriter::NsIntToString(26), L"BA");
+    CXmlWriter::NamespaceMap map{{L"urn:1", L"AA"}, {L"urn:2", L"AC"}};
+    EXPECT_EQ(CXmlWriter::GetUniquePrefix(map), L"AB");
 }
 
 TEST(XmlTextWriterLayout, IndentationDeclarationAndOtherOutputs) {

@@ -52,18 +52,9 @@ bool Emptiable(const Particle* particle) {
     return std::all_of(group->particles.begin(), group->particles.end(), Emptiable);
 }
 
-const wchar_t* kMemberReserved[] = {L"Base",
-                                    L"Namespace",
-                                    L"TargetNamespace",
-                                    L"ElementName",
-                                    L"ClassInfo",
-                                    L"ClassElementInfo",
-                                    L"ClassAttributeInfo",
-                                    L"ClassElementInfoCount",
-                                    L"Nil",
-                                    L"Property",
-                                    L"Count",
-                                    L"MetaData"};
+// Members whose Get and Set would hide operations of the generated class's bases.
+const wchar_t* kMemberReserved[] = {L"Base",      L"Namespace",        L"TargetNamespace",    L"ElementName",
+                                    L"ClassInfo", L"ClassElementInfo", L"ClassAttributeInfo", L"Nil"};
 
 } // namespace
 
@@ -88,7 +79,8 @@ struct CPlanner::Impl {
     std::map<const NamedGroup*, ClassPlan*> groupClassOf;
     std::map<const Element*, ClassPlan*> substitutionClassOf;
     std::map<const Element*, ClassPlan*> valueRootOf;
-    std::map<ClassPlan*, const ComplexType*> pending;
+    // Classes named but not yet planned, in the order they were named.
+    std::vector<std::pair<ClassPlan*, const ComplexType*>> pending;
     std::map<ClassPlan*, CNameScope> memberScopes;
     std::map<ValuePlan*, std::wstring> textChecks;
     const ComplexType* anyType = nullptr;
@@ -445,7 +437,7 @@ struct CPlanner::Impl {
         plan->abstract = type->abstract;
         plan->polymorphic = !type->derived.empty();
         classOf[type] = plan;
-        pending[plan] = type;
+        pending.emplace_back(plan, type);
         return plan;
     }
 
@@ -461,7 +453,9 @@ struct CPlanner::Impl {
     }
 
     void Fill(ClassPlan* plan) {
-        const auto found = pending.find(plan);
+        const auto found = std::find_if(
+            pending.begin(), pending.end(),
+            [&](const std::pair<ClassPlan*, const ComplexType*>& entry) { return entry.first == plan; });
         if (found == pending.end()) return;
         const ComplexType* type = found->second;
         pending.erase(found);
@@ -637,7 +631,12 @@ struct CPlanner::Impl {
                 particle->namedGroup ? NamedGroupClass(particle->namedGroup) : InlineGroupClass(plan, group);
             member = NewMember(plan, MemberPlan::Group, groupClass->xmlType, plan->xmlNamespace);
             member->type = groupClass;
-            member->cppName = memberScopes[plan].Claim(groupClass->name.substr(1));
+            // A named group's member takes its name; an anonymous one is the class's Choice, Sequence or All.
+            member->cppName = memberScopes[plan].Claim(
+                particle->namedGroup ? groupClass->name.substr(1)
+                                     : std::wstring(group->compositor == ModelGroup::Sequence ? L"Sequence"
+                                                    : group->compositor == ModelGroup::Choice ? L"Choice"
+                                                                                              : L"All"));
             member->emptiable = Emptiable(particle) || [&] {
                 Particle once = *particle;
                 once.minOccurs = 1;
@@ -708,7 +707,9 @@ struct CPlanner::Impl {
     }
 
     // A default or fixed value must be a value of the member's type.
-    void CheckDefault(const MemberPlan* member, const Location& where) {
+    void CheckDefault(const MemberPlan* member, const Location& where,
+                      const std::wstring& owner = std::wstring()) {
+        const std::wstring& name = member->xmlName.empty() ? owner : member->xmlName;
         const ValuePlan* value = member->value;
         const std::wstring& text = *member->defaultValue;
         try {
@@ -727,8 +728,8 @@ struct CPlanner::Impl {
             }
         } catch (const CQxException& e) {
             throw CSchemaError(where, L"the " + std::wstring(member->fixed ? L"fixed" : L"default") +
-                                          L" value \"" + text + L"\" of " + member->xmlName +
-                                          L" is not valid: " + e.GetMessage());
+                                          L" value \"" + text + L"\" of " + name + L" is not valid: " +
+                                          e.GetMessage());
         }
     }
 
@@ -917,6 +918,7 @@ struct CPlanner::Impl {
         } else {
             content->defaultValue = element->defaultValue;
         }
+        if (content->defaultValue) CheckDefault(content, element->where, element->name.local);
         plan->content = content;
         plan->nillable = element->nillable;
         Number(plan);
@@ -933,6 +935,9 @@ struct CPlanner::Impl {
         NameNamespaces();
         for (const ComplexType* type : set.complexTypeOrder)
             ClassOf(type);
+        // Every named simple type is checked and bound, used or not.
+        for (const SimpleType* type : set.simpleTypeOrder)
+            if (!type->name.empty()) ValueOf(type);
         for (const Element* element : set.elementOrder) {
             if (element->abstract || element->type.complex == anyType) continue;
             ClassPlan* root =
@@ -941,7 +946,7 @@ struct CPlanner::Impl {
             model.roots.push_back({element->name, root});
         }
         while (!pending.empty())
-            Fill(pending.begin()->first);
+            Fill(pending.front().first);
         for (const Element* element : set.elementOrder)
             if (element->type.complex && uses[element->type.complex] == 1 &&
                 !element->type.complex->name.empty())

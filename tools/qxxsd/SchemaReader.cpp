@@ -208,9 +208,6 @@ void CSchemaReader::Read(const std::wstring& file) {
 
 void CSchemaReader::Load(const std::wstring& file, const std::wstring& location, const std::wstring& display,
                          const std::wstring* includerNamespace, const Location& from) {
-    const std::wstring key = location + L"\n" + (includerNamespace ? *includerNamespace : L"\x1");
-    if (m_loaded[key]) return;
-    m_loaded[key] = true;
     CXmlDocument xml;
     try {
         xml.Load(file.c_str());
@@ -221,6 +218,11 @@ void CSchemaReader::Load(const std::wstring& file, const std::wstring& location,
     if (!IsXsd(root, L"schema"))
         throw CSchemaError(from, display + L" is not an XML Schema: its document element is {" +
                                      root->GetNamespaceURI() + L"}" + root->GetLocalName());
+    // A schema is read once for each namespace it ends up in: a schema without a target namespace takes
+    // the namespace of each schema that includes it.
+    std::wstring effective = Attr(root, L"targetNamespace");
+    if (effective.empty() && includerNamespace) effective = *includerNamespace;
+    if (!m_loaded.emplace(location + L"\n" + effective, true).second) return;
     m_set.documents.emplace_back(new SchemaDocument);
     SchemaDocument* document = m_set.documents.back().get();
     document->file = display;

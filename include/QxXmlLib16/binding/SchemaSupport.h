@@ -162,11 +162,13 @@ class QX_API CDocumentRoots {
 public:
     explicit CDocumentRoots(std::initializer_list<SRootEntry> roots);
 
-    // A file or bytes holding XML text or Fast Infoset, plain, gzip- or zlib-compressed. A root that
-    // is no global element throws CQxValidationException "The document element [<name>] of namespace
-    // [<uri>] is not a global element of this schema".
+    // A file or bytes holding XML text, Fast Infoset or JSON, plain, gzip- or zlib-compressed; JSON
+    // is read as the object's FromJson reads it. A root that is no global element throws
+    // CQxValidationException "The document element [<name>] of namespace [<uri>] is not a global
+    // element of this schema".
     CSmartPtr<CXmlObjectBase> Load(const wchar_t* fileName, const CSerializationContext& context) const;
     CSmartPtr<CXmlObjectBase> Load(const CBinaryData& document, const CSerializationContext& context) const;
+    CSmartPtr<CXmlObjectBase> Load(unsigned char* data, unsigned long length, const CSerializationContext& context) const;
     // The root of a document already loaded; the document must outlive the call.
     CSmartPtr<CXmlObjectBase> Read(CXmlElement* root, const CSerializationContext& context) const;
 

@@ -54,10 +54,10 @@ public:
                   const wchar_t* minInclusive, const wchar_t* maxInclusive, const wchar_t* minExclusive,
                   const wchar_t* maxExclusive, long long length, long long totalDigits,
                   long long fractionDigits, CWhitespaceUtils::WhitespaceRule whitespaceRule,
-                  const wchar_t* format)
+                  const wchar_t* format, PatternMode patternMode = pmTranslated)
         : Base(Kind, elementName, namespaceURI, minOccurs, maxOccurs, pattern, minLength, maxLength,
                minInclusive, maxInclusive, minExclusive, maxExclusive, length, totalDigits, fractionDigits,
-               whitespaceRule, format)
+               whitespaceRule, format, patternMode)
         , CInstanceMonitor(Derived::kClassName) {}
 
     void Add(T value) { AddAt(this->GetCount(), std::move(value)); }

@@ -14,13 +14,15 @@ namespace QxXmlLib16 {
 // text is written with, the whitespace rule its text is read with, and its item type.
 class QX_API CXmlTypeCollection : public CXmlCollectionBase {
 public:
-    // The facets follow in record order; a negative number or a null or empty text is absent.
+    // The facets follow in record order; a negative number or a null or empty text is absent. The
+    // pattern mode comes last, as in the record.
     CXmlTypeCollection(ItemType itemType, const wchar_t* elementName, const wchar_t* namespaceURI,
                        int minOccurs, int maxOccurs, const wchar_t* pattern, long long minLength,
                        long long maxLength, const wchar_t* minInclusive, const wchar_t* maxInclusive,
                        const wchar_t* minExclusive, const wchar_t* maxExclusive, long long length,
                        long long totalDigits, long long fractionDigits,
-                       CWhitespaceUtils::WhitespaceRule whitespaceRule, const wchar_t* format);
+                       CWhitespaceUtils::WhitespaceRule whitespaceRule, const wchar_t* format,
+                       PatternMode patternMode = pmTranslated);
     ~CXmlTypeCollection() override;
 
     // Parses one item from its element text and appends it.

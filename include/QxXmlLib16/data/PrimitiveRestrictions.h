@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QxXmlLib16/foundation/Export.h>
+#include <QxXmlLib16/foundation/Types.h>
 
 #include <string>
 
@@ -14,11 +15,12 @@ class QX_API CPrimitiveRestrictions {
 public:
     // Every facet absent.
     CPrimitiveRestrictions();
-    // The fields in record order, as generated code and the typed collections pass them.
+    // The fields in record order, as generated code and the typed collections pass them. The pattern
+    // mode comes last: code generated from a schema asks for pmExact.
     CPrimitiveRestrictions(std::wstring pattern, long long minLength, long long maxLength,
                            std::wstring minInclusive, std::wstring maxInclusive, std::wstring minExclusive,
                            std::wstring maxExclusive, long long length, long long totalDigits,
-                           long long fractionDigits);
+                           long long fractionDigits, PatternMode patternMode = pmTranslated);
     CPrimitiveRestrictions(const CPrimitiveRestrictions&) = default;
     CPrimitiveRestrictions(CPrimitiveRestrictions&&) noexcept = default;
     CPrimitiveRestrictions& operator=(const CPrimitiveRestrictions&) = default;
@@ -38,6 +40,7 @@ public:
     long long m_length;
     long long m_totalDigits;
     long long m_fractionDigits;
+    PatternMode m_patternMode;
 };
 
 } // namespace QxXmlLib16

@@ -2,8 +2,12 @@
 
 #include <QxXmlLib16/foundation/Export.h>
 
+#include <QxXmlLib16/foundation/Types.h>
+
 #include <cstdarg>
+#include <cstddef>
 #include <cstdio>
+#include <optional>
 #include <string>
 
 namespace QxXmlLib16 {
@@ -29,6 +33,22 @@ QX_API std::wstring ToFracString(unsigned short ms, unsigned short us, unsigned 
 // True when value matches the XML Schema pattern (UTF-8) as a whole. Throws CQxException
 // "Invalid Regular Expression: ..." when the translated pattern does not compile.
 QX_API bool TestRegEx(std::string pattern, std::wstring value);
+// The same in either mode (see PatternMode). In pmExact mode a pattern outside the XML Schema grammar
+// throws "Invalid Regular Expression: <pattern> Error: '<reason> (position <n>)'".
+QX_API bool TestRegEx(std::string pattern, std::wstring value, PatternMode mode);
+
+// Where and why a text is not an XML Schema regular expression: the position counts characters from
+// 0 and points at the construct that is wrong.
+struct CPatternError {
+    size_t position;
+    std::wstring reason;
+};
+// Checks a pattern against the grammar of XML Schema regular expressions, as pmExact mode reads
+// them: nothing when it conforms, else the first error. Syntax of other dialects is refused with a
+// reason that names it (reluctant quantifiers, "(?" groups, back-references, anchors such as \b).
+// Beyond the grammar, it refuses what the matcher cannot take: a count above 65535 and nesting of
+// groups and classes deeper than 64.
+QX_API std::optional<CPatternError> CheckXmlSchemaPattern(const std::wstring& pattern);
 
 // Text in the current C locale's multibyte encoding; unconvertible characters become '?'.
 QX_API std::string UnicodeToMultiByte(const wchar_t* text);

@@ -69,6 +69,18 @@ enum FInfoDecl : int {
     fidVersion11StandaloneNo = 9,
 };
 
+// How pattern facets read their regular expression.
+enum PatternMode : int {
+    // Translated into PCRE syntax by plain text substitution, as the library always has: \i, \c,
+    // their negations and four Latin block names are rewritten, everything else is taken as PCRE
+    // reads it. The default, so that existing bindings keep their verdicts.
+    pmTranslated = 0,
+    // Read with the XML Schema grammar and meaning: every block name of XML Schema, class
+    // subtraction, the multi-character escapes with their XML Schema sets, '^' and '$' as plain
+    // characters, '.' excluding line feed and carriage return; syntax of other dialects is refused.
+    pmExact = 1,
+};
+
 // How many objects of generated classes may stand one inside the other when they are read or
 // written. Only a schema type that contains itself, directly or through others, gets near it.
 // Everything else (documents, wildcard content, the writers, copying and releasing objects) takes

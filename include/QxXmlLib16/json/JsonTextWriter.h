@@ -97,6 +97,7 @@ private:
     void CloseArray(CXmlWriterContext& context);
     // "marker prefix:name": as a key.
     void WriteKey(const wchar_t* marker, const std::wstring& prefix, const std::wstring& name);
+    void WriteName(const std::wstring& name);
     void WriteQuoted(const std::wstring& text);
     // The prefix in force for namespaceURI, or throws "Unknown Namespace: %ls." with localName.
     const std::wstring& BoundPrefix(const CXmlWriterContext& context, const std::wstring& namespaceURI,

@@ -16,7 +16,8 @@
 
 namespace PythonJson {
 
-// The checker's report on the arguments: empty when everything passed.
+// The checker's report on the arguments (files that must be JSON, or --strings and its two files):
+// empty when everything passed.
 inline std::string Run(const std::vector<std::string>& arguments) {
     std::string command = "python3 '" QX_TEST_SOURCE_DIR "/json/support/json_check.py'";
     for (const std::string& argument : arguments)
@@ -32,11 +33,6 @@ inline std::string Run(const std::vector<std::string>& arguments) {
         output = "python3 could not be started";
     }
     return output;
-}
-
-// Empty when Python accepts every file as JSON, else what it says.
-inline std::string Errors(const std::vector<std::string>& files) {
-    return Run(files);
 }
 
 // Whether a string of json, written with RFC 8259 escaping, holds a character that the established
