@@ -4,10 +4,10 @@
 // content, and whatever comes after it.
 
 #include "binding/support/ContentSchema.h"
-#include "binding/support/Documents.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/TestSchema.h"
+#include "binding/support/Trips.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
@@ -137,15 +137,14 @@ INSTANTIATE_TEST_SUITE_P(Documents, StreamedGroupsLoad, testing::ValuesIn(Groups
                          [](const testing::TestParamInfo<Case>& info) { return info.param.name; });
 
 std::vector<Case> TripCases() {
-    using Documents::Trip;
-    const std::wstring valid = Trip();
-    const std::wstring badMode = Replace(valid, L"<mode>walk</mode>", L"<mode>fly</mode>");
+    const std::wstring valid = Trips::Minimal()->ToXml(false, false);
+    const std::wstring badMode = Replace(valid, L"<AA:mode>cycle</AA:mode>", L"<AA:mode>fly</AA:mode>");
     return {
         {"Valid", valid, false},
         {"EnumerationFault", badMode, false},
-        {"MalformedAfterAFault", Replace(badMode, L"<label>Bay</label>", L"<label>Bay</lbl>"), false},
+        {"MalformedAfterAFault", Replace(badMode, L"</AA:start>", L"</AA:strt>"), false},
         {"UnknownTrailingChildrenSkipped",
-         Replace(valid, L"</contact>", L"</contact><zz><a/><b>t</b></zz><yy/>"), true},
+         Replace(valid, L"</AA:contact>", L"</AA:contact><zz><a/><b>t</b></zz><yy/>"), true},
     };
 }
 
