@@ -13,6 +13,7 @@
 #include <QxXmlLib16/data/ParentElementInfo.h>
 
 #include "binding/NilValue.h"
+#include "xml/StreamedLoad.h"
 
 #include <array>
 #include <vector>
@@ -79,6 +80,29 @@ private:
 };
 
 thread_local int CObjectDepth::t_depth = 0;
+
+// Inline content (a group standing among its parent's children) is read on trial: when it gives
+// back the position it started from, its parent reads the same elements again. While such a read
+// is under way, no object may drop the elements it read.
+class CInlineRead {
+public:
+    explicit CInlineRead(bool inlineContent)
+        : m_counted(inlineContent) {
+        if (m_counted) ++t_reads;
+    }
+    ~CInlineRead() {
+        if (m_counted) --t_reads;
+    }
+    CInlineRead(const CInlineRead&) = delete;
+    CInlineRead& operator=(const CInlineRead&) = delete;
+    static bool Any() { return t_reads > 0; }
+
+private:
+    const bool m_counted;
+    static thread_local int t_reads;
+};
+
+thread_local int CInlineRead::t_reads = 0;
 
 bool IsNil(const CXmlGeneratedClass* object) {
     const INillable* nillable = dynamic_cast<const INillable*>(object);
@@ -253,6 +277,7 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
         OnBeforeFromXml(element, firstChild, context, flag);
         const CParentElementInfo* info = GetClassInfo();
         const int elementKind = info->GetElementType();
+        const CInlineRead inlineRead(elementKind != etElement);
         // Collection items are made under their element's name already.
         if (elementKind == etElement && GetElementName() != element->GetLocalName())
             SetElementName(element->GetLocalName().c_str());
@@ -283,6 +308,9 @@ CXmlElement* CXmlGeneratedClass::FromXml_Int(CXmlElement* element, CXmlElement* 
                                  ContentWhitespace(info->GetContentItemType()));
             AccessProperty(info->GetContentPropertyNumber(), false, value);
         }
+        // Read in full and never to be read again: a streamed document drops the element's content.
+        if (elementKind == etElement && !stopped && !CInlineRead::Any())
+            internal::CStreamedLoad::Release(element);
         return stopped;
     } catch (const CQxException& e) {
         // The innermost known path is kept, so every level of the chain names the offending node.

@@ -18,6 +18,7 @@
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include "foundation/EncodingTextStream.h"
+#include "xml/StreamedLoad.h"
 
 #include <vector>
 
@@ -233,13 +234,23 @@ void CXmlObjectBase::ToJsonFile(const wchar_t* fileName, bool formatted, XmlEnco
 namespace {
 
 // Loads a document with load and reads object from its document element (a load that succeeds
-// always has one).
+// always has one). XML text is parsed as the object reads it, so the tree never exists whole; a
+// malformed document fails with its parse error wherever the reading stands.
 template <class Load>
 void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, Load load) {
     CXmlDocument document(context);
+    internal::CStreamedLoad stream(document);
     load(document);
-    CXmlElement* root = document.GetDocumentElement();
-    CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
+    try {
+        CXmlElement* root = document.GetDocumentElement();
+        CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
+    } catch (const internal::CStreamFailure& failure) {
+        failure.Rethrow();
+    } catch (...) {
+        stream.Finish();
+        throw;
+    }
+    stream.Finish();
 }
 
 } // namespace

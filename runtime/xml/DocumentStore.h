@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QxXmlLib16/foundation/WhitespaceUtils.h>
+#include <QxXmlLib16/xml/ExpatReader.h>
 
 #include "xml/NameTable.h"
 #include "xml/NodePool.h"
@@ -24,6 +25,11 @@ struct CDocumentStore {
     // The positions of the loaded tree, once asked for; dropped with the tree.
     std::unique_ptr<CSourceIndex> sourceIndex;
     bool sourceIndexBuilt = false;
+    // Set for a bound load: a parse of XML text stops at the document element and goes on as the
+    // binding reads the tree (stream), which drops each part once read (streamed).
+    bool streamLoads = false;
+    std::unique_ptr<CExpatReader> stream;
+    bool streamed = false;
 
     static constexpr size_t kShortText = 8;
     static bool IsShared(const wchar_t* text, size_t length) {

@@ -20,6 +20,9 @@ namespace {
 const unsigned long kScratchBytes = 1024;
 const unsigned short kNameSeparator = '|';
 const unsigned long kParseChunk = 256 * 1024;
+// Elements read past the one the binding waits for before the parser stops: a stop and its resume
+// cost more than the elements, and the binding will want them next.
+const int kReadAhead = 256;
 
 // The wide build of the headers can be paired with an 8-bit library at run time; only the library
 // itself can tell.
@@ -108,26 +111,95 @@ void CExpatReader::Parse(const unsigned char* data, unsigned long length, bool i
     do {
         const unsigned long chunk = length < kParseChunk ? length : kParseChunk;
         const bool last = isFinal && chunk == length;
-        const XML_Status status =
-            XML_Parse(m_parser, reinterpret_cast<const char*>(data), static_cast<int>(chunk), last);
-        if (m_callbackError || status != XML_STATUS_OK) FlushPendingText();
-        if (m_callbackError) {
-            Cleanup();
-            FreeParser();
-            std::rethrow_exception(m_callbackError);
-        }
-        if (status != XML_STATUS_OK) {
-            const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
-            const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
-            const int line = static_cast<int>(internal::ExpatLine(m_parser));
-            Cleanup();
-            FreeParser();
-            throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));
-        }
+        ThrowOnFailure(
+            XML_Parse(m_parser, reinterpret_cast<const char*>(data), static_cast<int>(chunk), last));
         data += chunk;
         length -= chunk;
     } while (length > 0);
     if (isFinal) FreeParser();
+}
+
+void CExpatReader::ThrowOnFailure(int status) {
+    if (m_callbackError || status == XML_STATUS_ERROR) FlushPendingText();
+    if (m_callbackError) {
+        Cleanup();
+        FreeParser();
+        std::rethrow_exception(m_callbackError);
+    }
+    if (status == XML_STATUS_ERROR) {
+        const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
+        const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
+        const int line = static_cast<int>(internal::ExpatLine(m_parser));
+        Cleanup();
+        FreeParser();
+        throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+    }
+}
+
+void CExpatReader::Start(const unsigned char* data, unsigned long length) {
+    if (!m_parser) CreateParser();
+    m_data = data;
+    m_remaining = length;
+    m_streaming = true;
+}
+
+void CExpatReader::Advance() {
+    if (m_failure) std::rethrow_exception(m_failure);
+    try {
+        while (m_parser) {
+            int status;
+            if (m_suspended) {
+                m_suspended = false;
+                status = XML_ResumeParser(m_parser);
+            } else {
+                const unsigned long chunk = m_remaining < kParseChunk ? m_remaining : kParseChunk;
+                m_lastGiven = chunk == m_remaining;
+                status = XML_Parse(m_parser, reinterpret_cast<const char*>(m_data), static_cast<int>(chunk),
+                                   m_lastGiven);
+                m_data += chunk;
+                m_remaining -= chunk;
+            }
+            ThrowOnFailure(status);
+            if (status == XML_STATUS_SUSPENDED) {
+                m_suspended = true;
+                return;
+            }
+            if (m_lastGiven) FreeParser();
+        }
+    } catch (...) {
+        m_failure = std::current_exception();
+        throw;
+    }
+}
+
+void CExpatReader::ReadUntil(const CXmlElement* element, bool childSuffices) {
+    m_waiting = true;
+    m_awaited = element;
+    m_childSuffices = childSuffices;
+    m_reached = false;
+    m_readAhead = kReadAhead;
+    struct Done {
+        bool& waiting;
+        ~Done() { waiting = false; }
+    } done{m_waiting};
+    Advance();
+}
+
+void CExpatReader::ReadRest(bool keep) {
+    m_waiting = false;
+    m_skipAll = !keep;
+    Advance();
+}
+
+void CExpatReader::StopIfAwaited(const CXmlElement* element, bool started) {
+    if (!m_waiting) return;
+    if (!m_reached)
+        m_reached =
+            started ? m_childSuffices && element->GetParentElement() == m_awaited : element == m_awaited;
+    if (m_readAhead > 0) --m_readAhead;
+    if (!m_reached || m_readAhead > 0) return;
+    m_waiting = false;
+    XML_StopParser(m_parser, XML_TRUE);
 }
 
 const wchar_t* CExpatReader::Widen(const unsigned short* units, size_t length, bool textMode,
@@ -166,16 +238,27 @@ void CExpatReader::Guarded(void* userData, Action action) {
     }
 }
 
+bool CExpatReader::Skips() {
+    if (m_skipDepth > 0 || m_skipAll) return true;
+    // An element whose reader is done with it takes no more content.
+    const std::vector<CXmlElement*>& open = m_document.m_openElements;
+    return !open.empty() && (open.back()->m_text & CXmlElement::kDropContent);
+}
+
 void CExpatReader::StartElement(const unsigned short* name, const unsigned short** attributes) {
+    if (Skips()) {
+        ++m_skipDepth;
+        return;
+    }
     internal::CNameTable& names = m_document.m_store->names;
     const SplitName elementName = Split(name);
     CXmlElement* element = m_document.OpenElement(names.Intern(elementName.uri, elementName.uriLength),
                                                   names.Intern(elementName.local, elementName.localLength));
+    if (m_streaming) element->SetFlag(CXmlElement::kPending, true);
     size_t count = 0;
     while (attributes[2 * count])
         ++count;
-    if (count == 0) return;
-    element->ReserveAttributes(count);
+    if (count > 0) element->ReserveAttributes(count);
     for (size_t i = 0; i < count; ++i) {
         const SplitName attributeName = Split(attributes[2 * i]);
         CXmlAttribute* attribute =
@@ -186,6 +269,7 @@ void CExpatReader::StartElement(const unsigned short* name, const unsigned short
         const wchar_t* wide = Widen(value, UnitCount(value), false, length);
         attribute->m_value.assign(wide, length);
     }
+    StopIfAwaited(element, true);
 }
 
 void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
@@ -209,6 +293,10 @@ void CExpatReader::FlushPendingText() {
 }
 
 void CExpatReader::EndElement() {
+    if (m_skipDepth > 0) {
+        --m_skipDepth;
+        return;
+    }
     if (m_document.m_openElements.empty()) return;
     // A callback may look at the ancestors, so they get their text so far; without one, only the
     // element that ends needs its text.
@@ -218,6 +306,12 @@ void CExpatReader::EndElement() {
         std::wstring& text = PendingText();
         m_document.m_openElements.back()->AppendText(text.data(), static_cast<int>(text.size()));
         text.clear();
+    }
+    CXmlElement* element = m_document.m_openElements.back();
+    if (m_streaming) {
+        element->SetFlag(CXmlElement::kPending, false);
+        if (element->m_text & CXmlElement::kDropContent) element->ReleaseContent();
+        StopIfAwaited(element, false);
     }
     m_document.EndElement();
 }
@@ -240,7 +334,7 @@ void CExpatReader::FnEndNamespace(void*, const unsigned short*) {}
 
 void CExpatReader::FnText(void* userData, const unsigned short* text, int length) {
     Guarded(userData, [&](CExpatReader& reader) {
-        if (reader.m_document.m_openElements.empty() || length <= 0) return;
+        if (reader.m_document.m_openElements.empty() || length <= 0 || reader.m_skipDepth > 0) return;
         size_t count;
         const wchar_t* wide = reader.Widen(text, static_cast<size_t>(length), true, count);
         reader.PendingText().append(wide, count);
@@ -249,13 +343,15 @@ void CExpatReader::FnText(void* userData, const unsigned short* text, int length
 
 void CExpatReader::FnStartCDATA(void* userData) {
     Guarded(userData, [](CExpatReader& reader) {
-        if (!reader.m_document.m_openElements.empty()) reader.PendingText().append(L"<![CDATA[", 9);
+        if (!reader.m_document.m_openElements.empty() && reader.m_skipDepth == 0)
+            reader.PendingText().append(L"<![CDATA[", 9);
     });
 }
 
 void CExpatReader::FnEndCDATA(void* userData) {
     Guarded(userData, [](CExpatReader& reader) {
-        if (!reader.m_document.m_openElements.empty()) reader.PendingText().append(L"]]>", 3);
+        if (!reader.m_document.m_openElements.empty() && reader.m_skipDepth == 0)
+            reader.PendingText().append(L"]]>", 3);
     });
 }
 

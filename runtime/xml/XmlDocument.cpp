@@ -10,6 +10,7 @@
 #include <QxXmlLib16/json/JsonTextReader.h>
 
 #include "xml/DocumentStore.h"
+#include "xml/StreamedLoad.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -71,6 +72,8 @@ void CXmlDocument::Init() {
 }
 
 void CXmlDocument::Cleanup() {
+    m_store->stream.reset();
+    m_store->streamed = false;
     delete m_documentElement;
     m_documentElement = nullptr;
     std::free(m_input);
@@ -178,9 +181,37 @@ void CXmlDocument::ParseText() {
 }
 
 void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bool utf16Input) {
+    if (m_store->streamLoads) {
+        m_store->stream.reset(new CExpatReader(*this));
+        m_store->stream->CreateParser(utf16Input);
+        m_store->stream->Start(data, length);
+        m_store->streamed = true;
+        m_store->stream->ReadUntil(nullptr, true);
+        return;
+    }
     CExpatReader reader(*this);
     reader.CreateParser(utf16Input);
     reader.Parse(data, length, true);
+}
+
+void CXmlDocument::ReadOn(const CXmlElement* element, bool childSuffices) const {
+    CExpatReader* stream = m_store->stream.get();
+    if (!stream) return;
+    try {
+        stream->ReadUntil(element, childSuffices);
+    } catch (const CQxException&) {
+        throw internal::CStreamFailure(std::current_exception());
+    }
+}
+
+void CXmlDocument::ReadAll() const {
+    CExpatReader* stream = m_store->stream.get();
+    if (!stream) return;
+    try {
+        stream->ReadRest(true);
+    } catch (const CQxException&) {
+        throw internal::CStreamFailure(std::current_exception());
+    }
 }
 
 // ---- JSON --------------------------------------------------------------------------------------
@@ -251,12 +282,19 @@ void CXmlDocument::SetAlias(const std::wstring& alias, const std::wstring& names
     m_aliases[alias] = namespaceURI;
 }
 
+const std::map<std::wstring, std::wstring>& CXmlDocument::GetAliasMap() const {
+    ReadAll(); // a declaration further on may still rebind an alias
+    return m_aliases;
+}
+
 std::wstring CXmlDocument::LookupNamespaceFromAlias(const wchar_t* alias) const {
+    ReadAll();
     auto found = m_aliases.find(alias ? alias : L"");
     return found == m_aliases.end() ? std::wstring() : found->second;
 }
 
 std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI) const {
+    ReadAll();
     const wchar_t* uri = namespaceURI ? namespaceURI : L"";
     for (const auto& entry : m_aliases) {
         if (entry.second == uri) return entry.first;
@@ -267,8 +305,8 @@ std::wstring CXmlDocument::LookupAliasFromNamespace(const wchar_t* namespaceURI)
 const internal::CSourceIndex* CXmlDocument::SourceIndex() const {
     if (!m_store->sourceIndexBuilt) {
         m_store->sourceIndexBuilt = true;
-        // A callback may have dropped elements that the input still holds.
-        if (!m_elementComplete)
+        // A callback or a bound load may have dropped elements that the input still holds.
+        if (!m_elementComplete && !m_store->streamed)
             m_store->sourceIndex = internal::CSourceIndex::Build(m_documentElement, m_input, m_inputLength,
                                                                  m_inputIsUtf16, m_schemaType != stNoNamespaces);
     }
@@ -292,6 +330,7 @@ bool CXmlDocument::LookupNamespaceInScope(const CXmlElement* element, const std:
     }
     const internal::CSourceIndex* index = SourceIndex();
     if (!index || !index->Find(element)) {
+        ReadAll();
         const auto found = m_aliases.find(prefix);
         if (found == m_aliases.end()) return false;
         namespaceURI = found->second;

@@ -55,13 +55,7 @@ CXmlElement::CXmlElement(const CXmlDocument* document, CXmlElement* parent, cons
     , m_localName(&localName) {}
 
 CXmlElement::~CXmlElement() {
-    DestroyChildren();
-    if (m_attributes) {
-        for (CXmlAttribute* attribute : *m_attributes)
-            delete attribute;
-        DeleteSideObject(m_attributes);
-    }
-    ReleaseText();
+    ReleaseContent();
 }
 
 // Children are freed through a work list threaded through the sibling links: an element's children
@@ -164,27 +158,27 @@ void CXmlElement::AddAttribute(const std::wstring& localName, const std::wstring
 }
 
 void CXmlElement::ReleaseText() {
-    if (m_text & kOwnedText) DeleteSideObject(const_cast<std::wstring*>(&GetText()));
-    m_text = reinterpret_cast<std::uintptr_t>(&internal::CNameTable::Empty());
+    if (m_text & kOwnedText) DeleteSideObject(const_cast<std::wstring*>(&StoredText()));
+    StoreText(&internal::CNameTable::Empty(), false);
 }
 
 void CXmlElement::SetText(const wchar_t* text, size_t length) {
     if (m_document && internal::CDocumentStore::IsShared(text, length)) {
         const std::wstring& shared = m_document->m_store->texts.Intern(text, length);
         ReleaseText();
-        m_text = reinterpret_cast<std::uintptr_t>(&shared);
+        StoreText(&shared, false);
     } else if (m_text & kOwnedText) {
-        const_cast<std::wstring&>(GetText()).assign(text, length);
+        const_cast<std::wstring&>(StoredText()).assign(text, length);
     } else {
-        m_text = reinterpret_cast<std::uintptr_t>(ConstructSideObject<std::wstring>(
-                     CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)), text, length)) |
-                 kOwnedText;
+        StoreText(ConstructSideObject<std::wstring>(
+                      CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)), text, length),
+                  true);
     }
 }
 
 void CXmlElement::AppendText(const wchar_t* text, int length) {
     if (length <= 0) return;
-    const std::wstring& current = GetText();
+    const std::wstring& current = StoredText();
     if (current.empty()) return SetText(text, static_cast<size_t>(length));
     if (!(m_text & kOwnedText)) {
         // Shared text is never changed in place: the joined text is stored anew.
@@ -197,6 +191,31 @@ void CXmlElement::AppendText(const wchar_t* text, int length) {
     const size_t needed = own.size() + static_cast<size_t>(length);
     if (needed > own.capacity()) own.reserve(std::max(2 * own.capacity(), needed));
     own.append(text, static_cast<size_t>(length));
+}
+
+void CXmlElement::ReleaseContent() {
+    DestroyChildren();
+    if (m_attributes) {
+        for (CXmlAttribute* attribute : *m_attributes)
+            delete attribute;
+        DeleteSideObject(m_attributes);
+        m_attributes = nullptr;
+    }
+    ReleaseText();
+}
+
+CXmlElement* CXmlElement::ReadFirstChild() const {
+    m_document->ReadOn(this, true);
+    return m_firstChild;
+}
+
+CXmlElement* CXmlElement::ReadNextSibling() const {
+    m_document->ReadOn(m_parent, true);
+    return m_nextSibling;
+}
+
+void CXmlElement::ReadToEnd() const {
+    m_document->ReadOn(this, false);
 }
 
 void CXmlElement::AppendText(const wchar_t* text) {
@@ -237,6 +256,8 @@ std::wstring CXmlElement::GetNameWithPredicate() const {
 }
 
 std::wstring CXmlElement::GetXPath() const {
+    // Positions count the siblings that follow, so the whole document must have been read.
+    if (m_document) m_document->ReadAll();
     std::vector<const CXmlElement*> chain;
     for (const CXmlElement* element = this; element; element = element->m_parent)
         chain.push_back(element);

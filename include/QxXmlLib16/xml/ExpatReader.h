@@ -16,7 +16,9 @@ class CXmlDocument;
 class CXmlElement;
 
 // Builds a document's tree from XML text with the 16-bit build of expat, which detects and decodes
-// the input's encoding by itself. Used once: CreateParser, one Parse, destroyed.
+// the input's encoding by itself. Used once: CreateParser, one Parse, destroyed. A bound load runs
+// it piece by piece instead (Start, ReadUntil as the binding asks, ReadRest), so that only the part
+// of the tree under the binding's cursor exists at any time.
 class QX_API CExpatReader : public CInstanceMonitor {
 public:
     explicit CExpatReader(CXmlDocument& document);
@@ -34,6 +36,16 @@ public:
     // Parses the given bytes, the document's input or not.
     void Parse(const unsigned char* data, unsigned long length, bool isFinal);
     void Cleanup();
+
+    // Takes the input of a parse run piece by piece; the bytes must outlive the reader. Nothing is
+    // read yet, and the elements read from now on stay pending until their end tag is read.
+    void Start(const unsigned char* data, unsigned long length);
+    // Reads on until element gets a child (when childSuffices) or ends, or the input is used up. A
+    // null element is the document, whose child is the document element. Malformed input throws as
+    // Parse does, and so does every later call.
+    void ReadUntil(const CXmlElement* element, bool childSuffices);
+    // Reads the rest of the input; the elements that start from now on are built only if keep.
+    void ReadRest(bool keep);
 
     // The parser's callbacks; userData is the reader. None lets an exception escape into the
     // parser: the first one is kept, the parse stopped, and the exception rethrown by Parse.
@@ -57,6 +69,14 @@ private:
     // Hands the text read so far to every open element.
     void FlushPendingText();
     void FreeParser();
+    // Throws what went wrong in the parse call that returned status, if anything.
+    void ThrowOnFailure(int status);
+    // True when the element that starts now is not built.
+    bool Skips();
+    // Runs the parser over the input until it is suspended or the input is used up.
+    void Advance();
+    // Suspends the parser when the element the caller waits for has what it needs.
+    void StopIfAwaited(const CXmlElement* element, bool started);
     template <typename Action>
     static void Guarded(void* userData, Action action);
 
@@ -72,6 +92,24 @@ private:
     // texts (such as the indentation between children) instead of building each piece by piece.
     // One buffer per depth, reused from element to element.
     std::vector<std::wstring> m_pendingText;
+
+    // The input not yet handed to the parser, and the state of a parse run piece by piece.
+    const unsigned char* m_data = nullptr;
+    unsigned long m_remaining = 0;
+    bool m_streaming = false;
+    bool m_suspended = false;
+    bool m_lastGiven = false; // the last piece of input has been handed over
+    std::exception_ptr m_failure;
+    // What ReadUntil waits for.
+    bool m_waiting = false;
+    const CXmlElement* m_awaited = nullptr;
+    bool m_childSuffices = false;
+    bool m_reached = false; // the awaited element has what was asked for
+    int m_readAhead = 0;    // start and end tags still to read before stopping
+    // Elements skipped unbuilt: the depth inside the outermost of them, and whether every element
+    // that starts is skipped.
+    size_t m_skipDepth = 0;
+    bool m_skipAll = false;
 };
 
 } // namespace QxXmlLib16

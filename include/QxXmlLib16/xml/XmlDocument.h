@@ -19,6 +19,7 @@ class CFastInfosetReader;
 namespace internal {
 struct CDocumentStore;
 class CSourceIndex;
+class CStreamedLoad;
 } // namespace internal
 
 // Called with each element as soon as its end tag is read. Returning true detaches and destroys the
@@ -71,7 +72,7 @@ public:
     SchemaType GetSchemaType() const { return m_schemaType; }
     // Aliases (prefixes) to namespace URIs, as declared anywhere in the document; the last
     // declaration of an alias wins.
-    const std::map<std::wstring, std::wstring>& GetAliasMap() const { return m_aliases; }
+    const std::map<std::wstring, std::wstring>& GetAliasMap() const;
     void SetAlias(const std::wstring& alias, const std::wstring& namespaceURI);
     // The URI bound to the alias, or an empty string.
     std::wstring LookupNamespaceFromAlias(const wchar_t* alias) const;
@@ -120,6 +121,7 @@ private:
     friend class CXmlAttribute;
     friend class CExpatReader;
     friend class CFastInfosetReader;
+    friend class internal::CStreamedLoad;
 
     void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
     // False when the bytes are no Fast Infoset document.
@@ -135,6 +137,12 @@ private:
     static void* AllocateNode(const CXmlDocument* document, size_t size);
     // Opens an element with names interned in this document.
     CXmlElement* OpenElement(const std::wstring& namespaceURI, const std::wstring& localName);
+    // While a bound load reads the document under way: parse on until element (null: the document)
+    // gets a child (when childSuffices) or ends; or parse all the rest, for what needs the whole
+    // document (positions among later siblings, aliases declared later). A parse error passes
+    // through the binding as an internal::CStreamFailure.
+    void ReadOn(const CXmlElement* element, bool childSuffices) const;
+    void ReadAll() const;
 
     CXmlElement* m_documentElement;
     std::vector<CXmlElement*> m_openElements;

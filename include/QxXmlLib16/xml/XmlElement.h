@@ -14,6 +14,9 @@ class CXmlAttribute;
 class CXmlDocument;
 class CExpatReader;
 class CFastInfosetReader;
+namespace internal {
+class CStreamedLoad;
+} // namespace internal
 
 // An element of a loaded document: names, its own text and attributes, and its children as a
 // singly linked list in document order. The element owns its children and attributes. Names are
@@ -46,12 +49,19 @@ public:
 
     const CXmlDocument* GetDocument() const { return m_document; }
     CXmlElement* GetParentElement() const { return m_parent; }
-    CXmlElement* GetFirstElement() const { return m_firstChild; }
-    CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
+    // A bound load reads its document while the parser is still under way: an element whose end tag
+    // has not been read yet reads on until the answer is known.
+    CXmlElement* GetFirstElement() const {
+        return m_firstChild || !IsPending() ? m_firstChild : ReadFirstChild();
+    }
+    CXmlElement* GetNextSiblingElement() const {
+        return m_nextSibling || !m_parent || !m_parent->IsPending() ? m_nextSibling : ReadNextSibling();
+    }
     const std::wstring& GetNamespaceURI() const { return *m_namespaceURI; }
     const std::wstring& GetLocalName() const { return *m_localName; }
     const std::wstring& GetText() const {
-        return *reinterpret_cast<const std::wstring*>(m_text & ~kOwnedText);
+        if (IsPending()) ReadToEnd();
+        return StoredText();
     }
     const std::vector<CXmlAttribute*>& GetAttributes() const;
     // Value of the attribute with exactly this local name and namespace; an empty string if none.
@@ -68,6 +78,7 @@ private:
     friend class CXmlDocument;
     friend class CExpatReader;
     friend class CFastInfosetReader;
+    friend class internal::CStreamedLoad;
     // A node of the document's tree with names already interned in it.
     CXmlElement(const CXmlDocument* document, CXmlElement* parent, const std::wstring& namespaceURI,
                 const std::wstring& localName);
@@ -81,9 +92,31 @@ private:
     // Replaces the text: shared with the document when the document keeps such text, else owned.
     void SetText(const wchar_t* text, size_t length);
     void ReleaseText();
+    // Drops the children, attributes and text, keeping the element itself (its name and place).
+    void ReleaseContent();
 
-    // Set on m_text when the element owns its text string.
+    const std::wstring& StoredText() const {
+        return *reinterpret_cast<const std::wstring*>(m_text & ~kTextFlags);
+    }
+    // Points m_text at text, keeping the state flags.
+    void StoreText(const std::wstring* text, bool owned) {
+        m_text = reinterpret_cast<std::uintptr_t>(text) | (owned ? kOwnedText : 0) |
+                 (m_text & (kPending | kDropContent));
+    }
+    bool IsPending() const { return m_text & kPending; }
+    void SetFlag(std::uintptr_t flag, bool on) { m_text = on ? m_text | flag : m_text & ~flag; }
+    // Run the parser on until the element has a first child, has a child after this one, or ends.
+    CXmlElement* ReadFirstChild() const;
+    CXmlElement* ReadNextSibling() const;
+    void ReadToEnd() const;
+
+    // Flags kept in the low bits of m_text (the string is at least 8-byte aligned): the element owns
+    // its text string; the parser has not reached its end tag yet (a bound load in progress); the
+    // content still to come is dropped unread (its reader is done with it).
     static constexpr std::uintptr_t kOwnedText = 1;
+    static constexpr std::uintptr_t kPending = 2;
+    static constexpr std::uintptr_t kDropContent = 4;
+    static constexpr std::uintptr_t kTextFlags = kOwnedText | kPending | kDropContent;
 
     const CXmlDocument* m_document;
     CXmlElement* m_parent;
@@ -93,7 +126,7 @@ private:
     // Most elements have no attributes, and most texts repeat (indentation, short values): both
     // live outside the element so that the node stays small.
     std::vector<CXmlAttribute*>* m_attributes; // null until the first attribute
-    std::uintptr_t m_text;                     // const std::wstring*, plus kOwnedText
+    std::uintptr_t m_text;                     // const std::wstring*, plus the flags above
     const std::wstring* m_namespaceURI;
     const std::wstring* m_localName;
 };
