@@ -2,6 +2,7 @@
 
 #include "binding/support/ContentSchema.h"
 #include "binding/support/Crate.h"
+#include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/TestSchema.h"
 #include "support/Documents.h"
