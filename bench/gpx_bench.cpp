@@ -8,6 +8,7 @@
 
 #include "BareExpat.h"
 #include "BenchTiming.h"
+#include "DocumentBench.h"
 #include "FreshProcess.h"
 #include "gpx/GpxTool.h"
 
@@ -79,23 +80,13 @@ struct Tool {
     const char* packages;
 };
 
-const char* Verdict(bool met) {
-    return met ? "met" : "missed";
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "usage: %s <document.gpx> [runs]\n", argv[0]);
-        return 2;
-    }
-    const int runs = argc == 3 ? std::max(1, std::atoi(argv[2])) : 3;
-    const std::vector<unsigned char> document = bench::ReadFile(argv[1]);
-    if (document.empty()) {
-        std::fprintf(stderr, "cannot read %s\n", argv[1]);
-        return 2;
-    }
+    bench::DocumentRun run;
+    if (!bench::ReadDocumentRun(argc, argv, 3, run)) return 2;
+    const int runs = run.runs;
+    const std::vector<unsigned char>& document = run.document;
     std::printf("input %.1f MiB, median of %d fresh processes per tool\n", document.size() / 1048576.0, runs);
 
     const Sample bare = MedianSample(
@@ -146,12 +137,12 @@ int main(int argc, char** argv) {
     const Sample& ours = results[0];
     const Sample& peer = results[1];
     if (!ours.ok) return 1;
-    std::printf("targets: load <= 2.0 x (a): %s", Verdict(ours.load <= 2.0 * bare.load));
-    std::printf("; write <= 1.0 x (a): %s", Verdict(ours.write <= bare.load));
+    std::printf("targets: load <= 2.0 x (a): %s", bench::Verdict(ours.load <= 2.0 * bare.load));
+    std::printf("; write <= 1.0 x (a): %s", bench::Verdict(ours.write <= bare.load));
     if (peer.ok)
         std::printf("; load faster than gSOAP: %s; write faster than gSOAP: %s; peak <= gSOAP's: %s",
-                    Verdict(ours.load < peer.load), Verdict(ours.write < peer.write),
-                    Verdict(ours.peakKiB <= peer.peakKiB));
+                    bench::Verdict(ours.load < peer.load), bench::Verdict(ours.write < peer.write),
+                    bench::Verdict(ours.peakKiB <= peer.peakKiB));
     std::printf("\n");
     return 0;
 }
