@@ -46,10 +46,6 @@ struct Case {
     std::function<void(CSerializationContext&)> configure = nullptr;
 };
 
-std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
-    return text.replace(text.find(from), from.size(), to);
-}
-
 // The all groups are written in member order, whatever order they were read in.
 const wchar_t kBagInOrder[] = L"<bag><item id=\"3\"/><shape xsi:type=\"Square\" side=\"4\"/><count>7</count>"
                               L"<colour>green</colour><extra>e</extra><spare id=\"2\"/>"
