@@ -130,9 +130,12 @@ void CExpatReader::ThrowOnFailure(int status) {
         const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
         const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
         const int line = static_cast<int>(internal::ExpatLine(m_parser));
+        const unsigned long column = static_cast<unsigned long>(internal::ExpatColumn(m_parser)) + 1;
         Cleanup();
         FreeParser();
-        throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        CQxException error(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        error.SetPosition(static_cast<unsigned long>(line), column);
+        throw error;
     }
 }
 
@@ -231,7 +234,15 @@ void CExpatReader::Guarded(void* userData, Action action) {
     CExpatReader& reader = *static_cast<CExpatReader*>(userData);
     if (reader.m_callbackError) return;
     try {
-        action(reader);
+        try {
+            action(reader);
+        } catch (CQxException& e) {
+            // The event that failed is the offending node.
+            if (!e.HasPosition())
+                e.SetPosition(static_cast<unsigned long>(internal::ExpatLine(reader.m_parser)),
+                              static_cast<unsigned long>(internal::ExpatColumn(reader.m_parser)) + 1);
+            throw;
+        }
     } catch (...) {
         reader.m_callbackError = std::current_exception();
         XML_StopParser(reader.m_parser, XML_FALSE);
