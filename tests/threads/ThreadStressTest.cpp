@@ -63,14 +63,15 @@ const CSerializationContext& JsonContext() {
 
 const std::vector<Format>& Formats() {
     static const std::vector<Format> formats = {
-        {"xml", [](const TestSchema::CTrip& from, TestSchema::CTrip& to) { to.FromXml(from.ToXml().c_str()); }},
+        {"xml",
+         [](const TestSchema::CTrip& from, TestSchema::CTrip& to) { to.FromXml(from.ToXml().c_str()); }},
         {"xml-gzip",
          [](const TestSchema::CTrip& from, TestSchema::CTrip& to) {
              to.FromXmlStream(from.ToXmlStream(true, false, encUTF8, eolLF,
                                                CSerializationContext::m_defaultContext, ctGzip));
          }},
-        {"fi",
-         [](const TestSchema::CTrip& from, TestSchema::CTrip& to) { to.FromXmlStream(from.ToFastInfosetStream()); }},
+        {"fi", [](const TestSchema::CTrip& from,
+                  TestSchema::CTrip& to) { to.FromXmlStream(from.ToFastInfosetStream()); }},
         {"fi-zlib",
          [](const TestSchema::CTrip& from, TestSchema::CTrip& to) {
              to.FromXmlStream(
@@ -135,7 +136,8 @@ TEST(ThreadStress, BinaryDataCopiesCrossThreads) {
             CBinaryData copy(handed[t]);
             CBinaryData other;
             other = copy;
-            if (i % 2) other[static_cast<unsigned long>(i % 4096)] = static_cast<unsigned char>('a' + t);
+            if (i % 2)
+                other[static_cast<unsigned long>(i % 4096)] = static_cast<unsigned char>('a' + t);
             else
                 other.Append(static_cast<unsigned char>(t));
             if (copy != original || copy.GetLength() != 4096) ++wrong[t];
