@@ -291,16 +291,21 @@ void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
 std::wstring& CExpatReader::PendingText() {
     const size_t depth = m_document.m_openElements.size();
     if (m_pendingText.size() < depth) m_pendingText.resize(depth);
-    return m_pendingText[depth - 1];
+    std::wstring& text = m_pendingText[depth - 1];
+    if (text.empty() && m_document.m_elementComplete) m_unflushed.push_back(depth - 1);
+    return text;
 }
 
 void CExpatReader::FlushPendingText() {
     const std::vector<CXmlElement*>& open = m_document.m_openElements;
-    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i) {
-        std::wstring& text = m_pendingText[i];
-        open[i]->AppendText(text.data(), static_cast<int>(text.size()));
-        text.clear();
+    if (m_document.m_elementComplete) {
+        for (const size_t depth : m_unflushed)
+            if (depth < open.size()) open[depth]->TakeText(m_pendingText[depth]);
+        m_unflushed.clear();
+        return;
     }
+    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i)
+        open[i]->TakeText(m_pendingText[i]);
 }
 
 void CExpatReader::EndElement() {
@@ -314,9 +319,7 @@ void CExpatReader::EndElement() {
     if (m_document.m_elementComplete) {
         FlushPendingText();
     } else {
-        std::wstring& text = PendingText();
-        m_document.m_openElements.back()->AppendText(text.data(), static_cast<int>(text.size()));
-        text.clear();
+        m_document.m_openElements.back()->TakeText(PendingText());
     }
     CXmlElement* element = m_document.m_openElements.back();
     if (m_streaming) {
