@@ -27,7 +27,7 @@ TEST(Writing, MandatoryMemberWithoutValueAndEmptyChoiceAreRefused) {
     CSmartPtr<ContentSchema::COwn> own(new ContentSchema::COwn());
     QxVariant none;
     none.SetXmlObject(nullptr);
-    // A generated mandatory member refuses null when it is set, so that no write meets one.
+    // The setter refuses to leave a mandatory member empty, so writing never meets one.
     EXPECT_EQ(MessageOf<CQxInvalidParamException>([&] { own->AccessProperty(1, false, none); }),
               L"The Property [AnyElement] is mandatory, it may node be NULL");
 

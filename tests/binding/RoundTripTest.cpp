@@ -74,15 +74,15 @@ std::string Generated() {
 
 CSmartPtr<CXmlObjectBase> GroupsBuilt() {
     using namespace GroupsSchema;
-    const auto square = [](const wchar_t* name, const wchar_t* side) {
-        CSquare* shape = new CSquare(name);
+    const auto square = [](const wchar_t* side) {
+        CSquare* shape = new CSquare();
         shape->SetSide(CDecimal(side));
         return shape;
     };
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->SetAlt(square(L"x", L"2.5"));
+    groups->SetAlt(square(L"2.5"));
     groups->GetPick()->Add()->SetShape(new CCircle());
-    groups->GetFigure()->Add(square(L"y", L"3"));
+    groups->GetFigure()->Add(square(L"3"));
     CPalette* palette = groups->GetPalette()->Add();
     for (Colour colour : {Colour_blue, Colour_red, Colour_blue})
         palette->GetColour()->Add(colour);
