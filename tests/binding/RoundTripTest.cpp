@@ -74,14 +74,19 @@ std::string Generated() {
 
 CSmartPtr<CXmlObjectBase> GroupsBuilt() {
     using namespace GroupsSchema;
+    const auto square = [](const wchar_t* side) {
+        CSquare* shape = new CSquare();
+        shape->SetSide(CDecimal(side));
+        return shape;
+    };
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->SetAlt(new CSquare(L"x", L"2.5"));
-    groups->GetPicks()->Add()->SetShape(new CCircle());
-    groups->GetFigures()->Add(new CSquare(L"y", L"3"));
-    CPalette* palette = groups->GetPalettes()->Add();
+    groups->SetAlt(square(L"2.5"));
+    groups->GetPick()->Add()->SetShape(new CCircle());
+    groups->GetFigure()->Add(square(L"3"));
+    CPalette* palette = groups->GetPalette()->Add();
     for (Colour colour : {Colour_blue, Colour_red, Colour_blue})
-        palette->GetColours()->Add(colour);
-    groups->GetPalettes()->Add()->GetEntries()->Add()->SetNote(L"only");
+        palette->GetColour()->Add(colour);
+    groups->GetPalette()->Add()->GetChoice()->Add()->SetNote(std::wstring(L"only"));
     return groups.Get();
 }
 
