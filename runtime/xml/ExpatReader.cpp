@@ -134,9 +134,12 @@ void CExpatReader::ThrowOnFailure(int status) {
         const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
         const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
         const int line = static_cast<int>(internal::ExpatLine(m_parser));
+        const unsigned long column = static_cast<unsigned long>(internal::ExpatColumn(m_parser)) + 1;
         Cleanup();
         FreeParser();
-        throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        CQxException error(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        error.SetPosition(static_cast<unsigned long>(line), column);
+        throw error;
     }
 }
 
@@ -235,7 +238,15 @@ void CExpatReader::Guarded(void* userData, Action action) {
     CExpatReader& reader = *static_cast<CExpatReader*>(userData);
     if (reader.m_callbackError) return;
     try {
-        action(reader);
+        try {
+            action(reader);
+        } catch (CQxException& e) {
+            // The event that failed is the offending node.
+            if (!e.HasPosition())
+                e.SetPosition(static_cast<unsigned long>(internal::ExpatLine(reader.m_parser)),
+                              static_cast<unsigned long>(internal::ExpatColumn(reader.m_parser)) + 1);
+            throw;
+        }
     } catch (...) {
         reader.m_callbackError = std::current_exception();
         XML_StopParser(reader.m_parser, XML_FALSE);
@@ -284,16 +295,21 @@ void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
 std::wstring& CExpatReader::PendingText() {
     const size_t depth = m_document.m_openElements.size();
     if (m_pendingText.size() < depth) m_pendingText.resize(depth);
-    return m_pendingText[depth - 1];
+    std::wstring& text = m_pendingText[depth - 1];
+    if (text.empty() && m_document.m_elementComplete) m_unflushed.push_back(depth - 1);
+    return text;
 }
 
 void CExpatReader::FlushPendingText() {
     const std::vector<CXmlElement*>& open = m_document.m_openElements;
-    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i) {
-        std::wstring& text = m_pendingText[i];
-        open[i]->AppendText(text.data(), static_cast<int>(text.size()));
-        text.clear();
+    if (m_document.m_elementComplete) {
+        for (const size_t depth : m_unflushed)
+            if (depth < open.size()) open[depth]->TakeText(m_pendingText[depth]);
+        m_unflushed.clear();
+        return;
     }
+    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i)
+        open[i]->TakeText(m_pendingText[i]);
 }
 
 void CExpatReader::EndElement() {
@@ -307,9 +323,7 @@ void CExpatReader::EndElement() {
     if (m_document.m_elementComplete) {
         FlushPendingText();
     } else {
-        std::wstring& text = PendingText();
-        m_document.m_openElements.back()->AppendText(text.data(), static_cast<int>(text.size()));
-        text.clear();
+        m_document.m_openElements.back()->TakeText(PendingText());
     }
     CXmlElement* element = m_document.m_openElements.back();
     if (m_streaming) {

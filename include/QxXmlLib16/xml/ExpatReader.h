@@ -98,6 +98,9 @@ private:
     // texts (such as the indentation between children) instead of building each piece by piece.
     // One buffer per depth, reused from element to element.
     std::vector<std::wstring> m_pendingText;
+    // With an element-complete callback, the depths whose pending text is not empty: every end
+    // flushes them, and a deep document must not cost a visit of every open element each time.
+    std::vector<size_t> m_unflushed;
 
     // The input not yet handed to the parser, and the state of a parse run piece by piece.
     const unsigned char* m_data = nullptr;
