@@ -155,3 +155,21 @@ TEST(ExternalEntities, RelativeToALoadedFileNotReadEither) {
               }).message,
               ExternalEntity("entity_beside.txt"));
 }
+
+// Each refusal carries the line and column of the reference, as every load error does.
+TEST(ExternalEntities, RefusalsCarryThePositionOfTheReference) {
+    const std::string declarations = "<!DOCTYPE a SYSTEM 'a.dtd' [<!ENTITY e SYSTEM 'e.txt'>]>\n<a>\n";
+    const std::pair<std::string, std::pair<unsigned long, unsigned long>> cases[] = {
+        {declarations + "  &e;</a>", {3, 3}},
+        {declarations + "<b/>x&u;</a>", {3, 6}},
+    };
+    for (const auto& [text, position] : cases) {
+        CXmlDocument document;
+        try {
+            document.LoadXml(text.c_str());
+            ADD_FAILURE() << text;
+        } catch (const CQxException& e) {
+            EXPECT_EQ(std::make_pair(e.GetLine(), e.GetColumn()), position) << text;
+        }
+    }
+}
