@@ -144,16 +144,20 @@ TEST(ExternalEntities, UnusedExternalSubsetLoadsWithoutIt) {
     }
 }
 
-// A document loaded from a file refers to a file beside it by a relative name: still not read.
+// A document loaded from a file refers to a file beside it by a relative name: still not read,
+// whether the file is read whole or parsed as it is read (with an element-complete callback).
 TEST(ExternalEntities, RelativeToALoadedFileNotReadEither) {
     WriteFile("entity_beside.txt", kSecret);
     const std::string document =
         WriteFile("entity_document.xml", "<!DOCTYPE a [<!ENTITY e SYSTEM 'entity_beside.txt'>]><a>&e;</a>");
-    EXPECT_EQ(FailureOf([&] {
-                  CXmlDocument loaded;
-                  loaded.Load(Wide(document).c_str());
-              }).message,
-              ExternalEntity("entity_beside.txt"));
+    const ElementCompleteCallback keepAll = [](CXmlElement*) { return false; };
+    for (ElementCompleteCallback callback : {ElementCompleteCallback(nullptr), keepAll}) {
+        EXPECT_EQ(FailureOf([&] {
+                      CXmlDocument loaded(callback);
+                      loaded.Load(Wide(document).c_str());
+                  }).message,
+                  ExternalEntity("entity_beside.txt"));
+    }
 }
 
 // Each refusal carries the line and column of the reference, as every load error does.
