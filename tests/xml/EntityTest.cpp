@@ -144,14 +144,36 @@ TEST(ExternalEntities, UnusedExternalSubsetLoadsWithoutIt) {
     }
 }
 
-// A document loaded from a file refers to a file beside it by a relative name: still not read.
+// A document loaded from a file refers to a file beside it by a relative name: still not read,
+// whether the file is read whole or parsed as it is read (with an element-complete callback).
 TEST(ExternalEntities, RelativeToALoadedFileNotReadEither) {
     WriteFile("entity_beside.txt", kSecret);
     const std::string document =
         WriteFile("entity_document.xml", "<!DOCTYPE a [<!ENTITY e SYSTEM 'entity_beside.txt'>]><a>&e;</a>");
-    EXPECT_EQ(FailureOf([&] {
-                  CXmlDocument loaded;
-                  loaded.Load(Wide(document).c_str());
-              }).message,
-              ExternalEntity("entity_beside.txt"));
+    const ElementCompleteCallback keepAll = [](CXmlElement*) { return false; };
+    for (ElementCompleteCallback callback : {ElementCompleteCallback(nullptr), keepAll}) {
+        EXPECT_EQ(FailureOf([&] {
+                      CXmlDocument loaded(callback);
+                      loaded.Load(Wide(document).c_str());
+                  }).message,
+                  ExternalEntity("entity_beside.txt"));
+    }
+}
+
+// Each refusal carries the line and column of the reference, as every load error does.
+TEST(ExternalEntities, RefusalsCarryThePositionOfTheReference) {
+    const std::string declarations = "<!DOCTYPE a SYSTEM 'a.dtd' [<!ENTITY e SYSTEM 'e.txt'>]>\n<a>\n";
+    const std::pair<std::string, std::pair<unsigned long, unsigned long>> cases[] = {
+        {declarations + "  &e;</a>", {3, 3}},
+        {declarations + "<b/>x&u;</a>", {3, 6}},
+    };
+    for (const auto& [text, position] : cases) {
+        CXmlDocument document;
+        try {
+            document.LoadXml(text.c_str());
+            ADD_FAILURE() << text;
+        } catch (const CQxException& e) {
+            EXPECT_EQ(std::make_pair(e.GetLine(), e.GetColumn()), position) << text;
+        }
+    }
 }
