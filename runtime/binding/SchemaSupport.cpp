@@ -11,6 +11,8 @@
 #include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 
+#include "xml/StreamedLoad.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -250,9 +252,21 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned lon
         document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
         return Read(document.GetDocumentElement(), json);
     }
+    // Parsed as the object reads it, as the objects' own entry points do: the tree never exists whole.
     CXmlDocument document(context);
+    internal::CStreamedLoad stream(document);
     document.LoadXmlStream(data, length);
-    return Read(document.GetDocumentElement(), context);
+    CSmartPtr<CXmlObjectBase> object;
+    try {
+        object = Read(document.GetDocumentElement(), context);
+    } catch (const internal::CStreamFailure& failure) {
+        failure.Rethrow();
+    } catch (...) {
+        stream.Finish();
+        throw;
+    }
+    stream.Finish();
+    return object;
 }
 
 } // namespace QxXmlLib16
