@@ -336,18 +336,23 @@ void CXmlObjectBase::FromJsonStream(const CBinaryData& data, const CSerializatio
 }
 
 void CXmlObjectBase::FromJson_Int(const CBinaryData& xml, const CSerializationContext& context) {
-    // JSON below level 2 carries no namespaces, so names match by their local part for the length of
-    // the call. The switch is put back as it read, the computed value: with SchemaType 2 it stays
-    // set afterwards, as intended.
+    // The switch reads back as it was read, the computed value, also after a failure: with
+    // SchemaType 2 it stays set afterwards, as intended. Only then is the caller's context written.
     struct Restore {
-        CSerializationContext& context;
-        const bool ignoreNamespaces;
-        ~Restore() { context.SetIgnoreNamespaces(ignoreNamespaces); }
-    } restore{const_cast<CSerializationContext&>(context), context.GetIgnoreNamespaces()};
-    if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) restore.context.SetIgnoreNamespaces(true);
+        const CSerializationContext& context;
+        ~Restore() {
+            if (context.GetSchemaType() == stNoNamespaces)
+                const_cast<CSerializationContext&>(context).SetIgnoreNamespaces(true);
+        }
+    } restore{context};
     // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above U+FFFF
     // arrive whole.
-    FromXmlStream(xml, context);
+    if (context.GetJsonContext()->GetSupportRoundtrip() == jrtFull) return FromXmlStream(xml, context);
+    // JSON below level 2 carries no namespaces, so names match by their local part. The switch is set
+    // on a copy: the caller's context may be serving other threads at the same time.
+    CSerializationContext local(context);
+    local.SetIgnoreNamespaces(true);
+    FromXmlStream(xml, local);
 }
 
 // ---- Checks ------------------------------------------------------------------------------------
