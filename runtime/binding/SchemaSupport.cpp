@@ -11,6 +11,7 @@
 #include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 
+#include "xml/ErrorLocator.h"
 #include "xml/StreamedLoad.h"
 
 #include <cstdio>
@@ -36,9 +37,9 @@ std::wstring Canonical(ItemType kind, const std::wstring& text, CWhitespaceUtils
 
 } // namespace
 
-void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern) {
+void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern, PatternMode mode) {
     CXmlObjectHelper::CheckRestrictionForstring(
-        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1));
+        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1, mode));
 }
 
 void CheckValue(ItemType kind, const wchar_t* name, const std::wstring& text,
@@ -249,8 +250,14 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned lon
         CXmlDocument converter(json);
         const CBinaryData xml = converter.LoadJsonStream(data, length);
         CXmlDocument document(json);
-        document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
-        return Read(document.GetDocumentElement(), json);
+        try {
+            document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
+            return Read(document.GetDocumentElement(), json);
+        } catch (CQxException& error) {
+            // A place in the XML text the JSON became would mean nothing to the caller.
+            error.SetPosition(0, 0);
+            throw;
+        }
     }
     // Parsed as the object reads it, as the objects' own entry points do: the tree never exists whole.
     CXmlDocument document(context);
@@ -261,6 +268,10 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned lon
         object = Read(document.GetDocumentElement(), context);
     } catch (const internal::CStreamFailure& failure) {
         failure.Rethrow();
+    } catch (CQxException& error) {
+        stream.Finish();
+        internal::CErrorLocator::Locate(document, error);
+        throw;
     } catch (...) {
         stream.Finish();
         throw;

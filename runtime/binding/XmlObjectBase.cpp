@@ -18,8 +18,10 @@
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include "foundation/EncodingTextStream.h"
+#include "xml/ErrorLocator.h"
 #include "xml/StreamedLoad.h"
 
+#include <optional>
 #include <vector>
 
 namespace QxXmlLib16 {
@@ -246,6 +248,10 @@ void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, 
         CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
     } catch (const internal::CStreamFailure& failure) {
         failure.Rethrow();
+    } catch (CQxException& error) {
+        stream.Finish();
+        internal::CErrorLocator::Locate(document, error);
+        throw;
     } catch (...) {
         stream.Finish();
         throw;
@@ -345,14 +351,22 @@ void CXmlObjectBase::FromJson_Int(const CBinaryData& xml, const CSerializationCo
                 const_cast<CSerializationContext&>(context).SetIgnoreNamespaces(true);
         }
     } restore{context};
-    // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above U+FFFF
-    // arrive whole.
-    if (context.GetJsonContext()->GetSupportRoundtrip() == jrtFull) return FromXmlStream(xml, context);
     // JSON below level 2 carries no namespaces, so names match by their local part. The switch is set
     // on a copy: the caller's context may be serving other threads at the same time.
-    CSerializationContext local(context);
-    local.SetIgnoreNamespaces(true);
-    FromXmlStream(xml, local);
+    std::optional<CSerializationContext> local;
+    if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) {
+        local.emplace(context);
+        local->SetIgnoreNamespaces(true);
+    }
+    try {
+        // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above
+        // U+FFFF arrive whole.
+        FromXmlStream(xml, local ? *local : context);
+    } catch (CQxException& error) {
+        // A place in the XML text the JSON became would mean nothing to the caller.
+        error.SetPosition(0, 0);
+        throw;
+    }
 }
 
 // ---- Checks ------------------------------------------------------------------------------------

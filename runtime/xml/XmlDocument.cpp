@@ -96,6 +96,8 @@ void CXmlDocument::Cleanup() {
     m_aliases.clear();
     m_store->sourceIndex.reset();
     m_store->sourceIndexBuilt = false;
+    m_store->text = nullptr;
+    m_store->textLength = 0;
 }
 
 const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text,
@@ -228,6 +230,9 @@ void CXmlDocument::ParseText() {
 }
 
 void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bool utf16Input) {
+    m_store->text = data;
+    m_store->textLength = length;
+    m_store->textIsUtf16 = utf16Input;
     if (m_store->streamLoads) {
         m_store->stream.reset(new CExpatReader(*this));
         m_store->stream->CreateParser(utf16Input);

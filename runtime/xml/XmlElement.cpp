@@ -195,15 +195,14 @@ void CXmlElement::AppendText(const wchar_t* text, int length) {
     const std::wstring& current = StoredText();
     if (current.empty()) return SetText(text, static_cast<size_t>(length));
     if (!(m_text & kOwnedText)) {
-        // Shared text is never changed in place: the joined text becomes the element's own, so that
-        // further pieces append in place instead of sharing ever longer copies with the document.
-        std::wstring joined;
-        joined.reserve(current.size() + static_cast<size_t>(length));
-        joined.append(current).append(text, static_cast<size_t>(length));
-        StoreText(ConstructSideObject<std::wstring>(
-                      CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)), std::move(joined)),
-                  true);
-        return;
+        // Shared text is never changed in place; the joined text becomes the element's own, for text
+        // that grows piece by piece (blanks between many children, say) would leave every stage of
+        // it in the document's table.
+        std::wstring* joined = ConstructSideObject<std::wstring>(
+            CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)), current);
+        joined->append(text, static_cast<size_t>(length));
+        ReleaseText();
+        return StoreText(joined, true);
     }
     std::wstring& own = const_cast<std::wstring&>(current);
     const size_t needed = own.size() + static_cast<size_t>(length);

@@ -56,6 +56,12 @@ public:
     static void FnText(void* userData, const unsigned short* text, int length);
     static void FnStartCDATA(void* userData);
     static void FnEndCDATA(void* userData);
+    // Nothing outside the document is ever read: a reference to an external entity, or to an entity
+    // that only the unread external DTD subset could declare, is refused instead of dropped.
+    static int FnExternalEntity(XML_ParserStruct* parser, const unsigned short* context,
+                                const unsigned short* base, const unsigned short* systemId,
+                                const unsigned short* publicId);
+    static void FnSkippedEntity(void* userData, const unsigned short* name, int isParameterEntity);
 
 private:
     // Wide copy of length units (or up to the terminator when length is negative) in the scratch

@@ -18,6 +18,7 @@ class CExpatReader;
 class CFastInfosetReader;
 namespace internal {
 struct CDocumentStore;
+class CErrorLocator;
 class CSourceIndex;
 class CStreamedLoad;
 } // namespace internal
@@ -123,6 +124,7 @@ private:
     friend class CExpatReader;
     friend class CFastInfosetReader;
     friend class internal::CStreamedLoad;
+    friend class internal::CErrorLocator;
 
     void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
     // False when the bytes are no Fast Infoset document.
