@@ -12,6 +12,10 @@
 #   tools/bench.sh fastinfoset [points]
 #                                 Fast Infoset against XML text on the GPX bindings (sizes, load and
 #                                 write), and the reference Java converters on the same document
+#   tools/bench.sh hostile [scale | --stream FILE]
+#                                 hostile shapes (one enormous text, a million attributes, namespace
+#                                 declarations, siblings) against bare expat; or a GPX file of any
+#                                 size streamed through the element-complete callback
 #   tools/bench.sh <name>         any other bench/<name>_bench.cpp
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -39,5 +43,5 @@ if [ "$name" = xml ] || [ "$name" = gpx ] || [ "$name" = json ] || [ "$name" = f
         "$build/bench/${name}_bench" "$document"
     fi
 else
-    "$build/bench/${name}_bench"
+    "$build/bench/${name}_bench" "${@:2}"
 fi

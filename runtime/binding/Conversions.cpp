@@ -376,6 +376,12 @@ std::wstring CConversions::stringFromString(const std::wstring& text, Whitespace
     return ruled;
 }
 
+std::wstring CConversions::stringFromString(std::wstring&& text, WhitespaceRule rule) {
+    std::wstring scratch;
+    const std::wstring& ruled = ApplyRule(text, rule, scratch);
+    return &ruled == &scratch ? std::move(scratch) : std::move(text);
+}
+
 std::wstring CConversions::stringToString(const std::wstring& value) {
     return value;
 }

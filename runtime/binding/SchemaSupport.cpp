@@ -12,6 +12,7 @@
 #include <QxXmlLib16/xml/XmlDocument.h>
 
 #include "xml/ErrorLocator.h"
+#include "xml/StreamedLoad.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -258,14 +259,25 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned lon
             throw;
         }
     }
+    // Parsed as the object reads it, as the objects' own entry points do: the tree never exists whole.
     CXmlDocument document(context);
+    internal::CStreamedLoad stream(document);
     document.LoadXmlStream(data, length);
+    CSmartPtr<CXmlObjectBase> object;
     try {
-        return Read(document.GetDocumentElement(), context);
+        object = Read(document.GetDocumentElement(), context);
+    } catch (const internal::CStreamFailure& failure) {
+        failure.Rethrow();
     } catch (CQxException& error) {
+        stream.Finish();
         internal::CErrorLocator::Locate(document, error);
         throw;
+    } catch (...) {
+        stream.Finish();
+        throw;
     }
+    stream.Finish();
+    return object;
 }
 
 } // namespace QxXmlLib16

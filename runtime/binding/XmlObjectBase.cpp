@@ -21,6 +21,7 @@
 #include "xml/ErrorLocator.h"
 #include "xml/StreamedLoad.h"
 
+#include <optional>
 #include <vector>
 
 namespace QxXmlLib16 {
@@ -341,19 +342,26 @@ void CXmlObjectBase::FromJsonStream(const CBinaryData& data, const CSerializatio
 }
 
 void CXmlObjectBase::FromJson_Int(const CBinaryData& xml, const CSerializationContext& context) {
-    // JSON below level 2 carries no namespaces, so names match by their local part for the length of
-    // the call. The switch is put back as it read, the computed value: with SchemaType 2 it stays
-    // set afterwards, as intended.
+    // The switch reads back as it was read, the computed value, also after a failure: with
+    // SchemaType 2 it stays set afterwards, as intended. Only then is the caller's context written.
     struct Restore {
-        CSerializationContext& context;
-        const bool ignoreNamespaces;
-        ~Restore() { context.SetIgnoreNamespaces(ignoreNamespaces); }
-    } restore{const_cast<CSerializationContext&>(context), context.GetIgnoreNamespaces()};
-    if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) restore.context.SetIgnoreNamespaces(true);
-    // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above U+FFFF
-    // arrive whole.
+        const CSerializationContext& context;
+        ~Restore() {
+            if (context.GetSchemaType() == stNoNamespaces)
+                const_cast<CSerializationContext&>(context).SetIgnoreNamespaces(true);
+        }
+    } restore{context};
+    // JSON below level 2 carries no namespaces, so names match by their local part. The switch is set
+    // on a copy: the caller's context may be serving other threads at the same time.
+    std::optional<CSerializationContext> local;
+    if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) {
+        local.emplace(context);
+        local->SetIgnoreNamespaces(true);
+    }
     try {
-        FromXmlStream(xml, context);
+        // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above
+        // U+FFFF arrive whole.
+        FromXmlStream(xml, local ? *local : context);
     } catch (CQxException& error) {
         // A place in the XML text the JSON became would mean nothing to the caller.
         error.SetPosition(0, 0);

@@ -8,10 +8,12 @@
 #include <QxXmlLib16/collections/XmlCollectionBase.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 #include <QxXmlLib16/binding/XmlGeneratedClass.h>
+#include <QxXmlLib16/binding/Conversions.h>
 #include <QxXmlLib16/binding/XmlObjectHelper.h>
 #include <QxXmlLib16/xml/XmlWriter.h>
 
 #include "binding/NilValue.h"
+#include "xml/StreamedLoad.h"
 
 #include <cwchar>
 
@@ -234,7 +236,14 @@ void ReadValueElement(const CElementInfo& info, const CSerializationContext& con
 void CElementInfo::ElementFromXmlPrim(const CSerializationContext& context, CXmlGeneratedClass* object,
                                       CXmlElement** current) const {
     ReadValueElement(*this, context, object, current, [&](const std::wstring& text, QxVariant& value) {
-        value.FromString(text, m_itemType, m_whitespaceRule);
+        // A string that a streamed load reads once is moved, not copied: it may be as large as the
+        // document.
+        std::wstring taken;
+        if (m_itemType == itString && &text == &(*current)->GetText() &&
+            internal::CStreamedLoad::TakeText(*current, taken))
+            value.SetString(CConversions::stringFromString(std::move(taken), m_whitespaceRule));
+        else
+            value.FromString(text, m_itemType, m_whitespaceRule);
     });
 }
 

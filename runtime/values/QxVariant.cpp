@@ -188,6 +188,10 @@ const std::wstring& QxVariant::GetString() const {
     return Owned<std::wstring>(itString);
 }
 
+std::wstring QxVariant::TakeString() {
+    return std::move(const_cast<std::wstring&>(GetString()));
+}
+
 std::wstring QxVariant::ToString(const std::wstring& format) const {
     if (m_nil) return std::wstring();
     return VisitItemType(

@@ -29,5 +29,15 @@ void CStreamedLoad::Release(CXmlElement* element) {
         element->ReleaseContent();
 }
 
+bool CStreamedLoad::TakeText(CXmlElement* element, std::wstring& text) {
+    const CXmlDocument* document = element->m_document;
+    if (!document || !document->m_store->streamed || element->IsPending() ||
+        !(element->m_text & CXmlElement::kOwnedText))
+        return false;
+    text.swap(const_cast<std::wstring&>(element->StoredText()));
+    element->ReleaseText();
+    return true;
+}
+
 } // namespace internal
 } // namespace QxXmlLib16

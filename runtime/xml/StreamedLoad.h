@@ -3,6 +3,7 @@
 #include <QxXmlLib16/foundation/Export.h>
 
 #include <exception>
+#include <string>
 
 namespace QxXmlLib16 {
 
@@ -44,6 +45,10 @@ public:
     // Drops the content of element, which a bound object has read in full; the element itself stays,
     // so that the positions of its siblings still count it. Only for a streamed document.
     static void Release(CXmlElement* element);
+    // Moves the text of an element that the parser has finished out into text, for a binding that
+    // reads it once and then releases the element: a text may be as large as the document. False,
+    // leaving both alone, when the element is not of a streamed document or not finished.
+    static bool TakeText(CXmlElement* element, std::wstring& text);
 
 private:
     CXmlDocument& m_document;

@@ -59,6 +59,8 @@ public:
     static wchar_t charFromString(const std::wstring& text, WhitespaceRule rule);
     static std::wstring charToString(wchar_t value);
     static std::wstring stringFromString(const std::wstring& text, WhitespaceRule rule);
+    // The same, reusing the text's storage where the rule leaves it unchanged.
+    static std::wstring stringFromString(std::wstring&& text, WhitespaceRule rule);
     static std::wstring stringToString(const std::wstring& value);
 
     // gYear, gMonth and gDay held as plain numbers, so a time zone cannot be kept and is refused:

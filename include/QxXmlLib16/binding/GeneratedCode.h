@@ -114,11 +114,14 @@ struct TMemberShape<std::optional<V>> {
     static const V& ValueOf(const std::optional<V>& member) { return *member; }
 };
 
-// The variant's value as the member's value type: enumerations travel as i4.
+// The variant's value as the member's value type: enumerations travel as i4. A string is moved
+// out, since a text may be as large as the document.
 template <ItemType Kind, class Value>
-decltype(auto) TakeValue(const QxVariant& value) {
+decltype(auto) TakeValue(QxVariant& value) {
     if constexpr (std::is_enum<Value>::value)
         return static_cast<Value>(TItemTraits<Kind>::Get(value));
+    else if constexpr (Kind == itString && std::is_same<Value, std::wstring>::value)
+        return value.TakeString();
     else
         return TItemTraits<Kind>::Get(value);
 }

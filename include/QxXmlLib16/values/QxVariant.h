@@ -105,6 +105,8 @@ public:
     const CDecimal& GetDecimal() const;
     const CBigInteger& GetInteger() const;
     const std::wstring& GetString() const;
+    // Moves the held string out, leaving the variant holding an empty string; throws as GetString.
+    std::wstring TakeString();
     // Null unless the variant holds an object (a collection counts as one) or a collection.
     CSmartPtr<CXmlObjectBase> GetXmlObject() const;
     CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
