@@ -8,7 +8,7 @@
 
 #include <expat.h>
 
-#include <cwctype>
+#include <cwchar>
 #include <unordered_map>
 #include <vector>
 
