@@ -36,9 +36,9 @@ std::wstring Canonical(ItemType kind, const std::wstring& text, CWhitespaceUtils
 
 } // namespace
 
-void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern) {
+void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern, PatternMode mode) {
     CXmlObjectHelper::CheckRestrictionForstring(
-        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1));
+        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1, mode));
 }
 
 void CheckValue(ItemType kind, const wchar_t* name, const std::wstring& text,

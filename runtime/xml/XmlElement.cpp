@@ -176,6 +176,20 @@ void CXmlElement::SetText(const wchar_t* text, size_t length) {
     }
 }
 
+void CXmlElement::TakeText(std::wstring& text) {
+    // Short texts are copied, so that the caller's buffer keeps its capacity for the next one.
+    constexpr size_t kMoveFrom = 4096;
+    if (text.size() < kMoveFrom || !StoredText().empty() || (m_text & kOwnedText)) {
+        AppendText(text.data(), static_cast<int>(text.size()));
+        text.clear();
+        return;
+    }
+    StoreText(ConstructSideObject<std::wstring>(CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)),
+                                                std::move(text)),
+              true);
+    text = std::wstring();
+}
+
 void CXmlElement::AppendText(const wchar_t* text, int length) {
     if (length <= 0) return;
     const std::wstring& current = StoredText();
