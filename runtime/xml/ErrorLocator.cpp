@@ -8,7 +8,7 @@
 
 #include <expat.h>
 
-#include <cwctype>
+#include <cwchar>
 #include <unordered_map>
 #include <vector>
 
@@ -152,13 +152,14 @@ struct Scan {
     size_t elementSteps;
     const CErrorLocator::QualifiedName* qualifiedName;
     bool namespaceAware;
+    bool byteOrderMark;
     size_t depth = 0;
     size_t matched = 0;     // steps matched by the open elements
     unsigned long seen = 0; // children of the last matched element that bear the next step's name
     bool done = false;      // found, or known to be absent
     bool found = false;
     unsigned long line = 0;
-    unsigned long column = 0;
+    unsigned long column = 0; // from 1
     XML_Index byteIndex = 0;
     long attribute = -1; // ordinal of the attribute among those specified, or -1
 
@@ -186,7 +187,7 @@ struct Scan {
         if (matched < elementSteps) return;
         found = true;
         line = static_cast<unsigned long>(ExpatLine(parser));
-        column = static_cast<unsigned long>(ExpatColumn(parser));
+        column = static_cast<unsigned long>(ExpatColumn(parser, byteOrderMark));
         byteIndex = XML_GetCurrentByteIndex(parser);
         if (elementSteps < steps->size()) {
             const std::wstring& wanted = steps->back().name;
@@ -220,6 +221,7 @@ bool CErrorLocator::Find(const unsigned char* data, unsigned long length, bool u
     scan.elementSteps = steps.back().attribute ? steps.size() - 1 : steps.size();
     scan.qualifiedName = &qualifiedName;
     scan.namespaceAware = namespaceAware;
+    scan.byteOrderMark = StartsWithByteOrderMark(data, length);
     XML_SetUserData(scan.parser, &scan);
     XML_SetElementHandler(
         scan.parser,
@@ -240,14 +242,15 @@ bool CErrorLocator::Find(const unsigned char* data, unsigned long length, bool u
     }
     XML_ParserFree(scan.parser);
     if (!scan.found) return false;
+    // The cursor counts columns from 0.
     CRawCursor cursor(data, length, utf16, static_cast<unsigned long>(scan.byteIndex), scan.line,
-                      scan.column);
+                      scan.column - 1);
     if (scan.attribute >= 0 && FindAttribute(cursor, scan.attribute, namespaceAware)) {
         line = cursor.Line();
         column = cursor.Column() + 1;
     } else {
         line = scan.line;
-        column = scan.column + 1;
+        column = scan.column;
     }
     return true;
 }

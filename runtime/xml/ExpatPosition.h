@@ -25,5 +25,18 @@ inline uint64_t ExpatColumn(XML_Parser parser) {
 #endif
 }
 
+// True when the input begins with a byte order mark (UTF-8 or UTF-16), which the parser counts as a
+// character of the first line.
+inline bool StartsWithByteOrderMark(const unsigned char* data, unsigned long length) {
+    if (length >= 3 && data[0] == 0xEF && data[1] == 0xBB && data[2] == 0xBF) return true;
+    return length >= 2 && ((data[0] == 0xFF && data[1] == 0xFE) || (data[0] == 0xFE && data[1] == 0xFF));
+}
+
+// The column from 1, as a reader of the text counts it: without the byte order mark.
+inline uint64_t ExpatColumn(XML_Parser parser, bool byteOrderMark) {
+    const uint64_t column = ExpatColumn(parser) + 1;
+    return byteOrderMark && column > 1 && ExpatLine(parser) == 1 ? column - 1 : column;
+}
+
 } // namespace internal
 } // namespace QxXmlLib16

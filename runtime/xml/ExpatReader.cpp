@@ -110,6 +110,7 @@ void CExpatReader::Parse(bool isFinal) {
 void CExpatReader::Parse(const unsigned char* data, unsigned long length, bool isFinal) {
     if (!m_parser) CreateParser();
     m_callbackError = nullptr;
+    if (XML_GetCurrentByteIndex(m_parser) < 0) m_byteOrderMark = internal::StartsWithByteOrderMark(data, length);
     // Expat copies whatever it is given into a buffer of its own; pieces keep that copy small
     // (events, errors and line numbers are the same as for one call).
     do {
@@ -134,7 +135,7 @@ void CExpatReader::ThrowOnFailure(int status) {
         const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
         const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
         const int line = static_cast<int>(internal::ExpatLine(m_parser));
-        const unsigned long column = static_cast<unsigned long>(internal::ExpatColumn(m_parser)) + 1;
+        const unsigned long column = static_cast<unsigned long>(internal::ExpatColumn(m_parser, m_byteOrderMark));
         Cleanup();
         FreeParser();
         CQxException error(FormatString(L"%ls at line %d", wideReason.c_str(), line));
@@ -145,6 +146,7 @@ void CExpatReader::ThrowOnFailure(int status) {
 
 void CExpatReader::Start(const unsigned char* data, unsigned long length) {
     if (!m_parser) CreateParser();
+    m_byteOrderMark = internal::StartsWithByteOrderMark(data, length);
     m_data = data;
     m_remaining = length;
     m_streaming = true;
@@ -244,7 +246,7 @@ void CExpatReader::Guarded(void* userData, Action action) {
             // The event that failed is the offending node.
             if (!e.HasPosition())
                 e.SetPosition(static_cast<unsigned long>(internal::ExpatLine(reader.m_parser)),
-                              static_cast<unsigned long>(internal::ExpatColumn(reader.m_parser)) + 1);
+                              static_cast<unsigned long>(internal::ExpatColumn(reader.m_parser, reader.m_byteOrderMark)));
             throw;
         }
     } catch (...) {

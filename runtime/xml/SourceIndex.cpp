@@ -38,6 +38,7 @@ std::vector<const CXmlElement*> DocumentOrder(const CXmlElement* root) {
 
 struct Scan {
     XML_Parser parser;
+    bool byteOrderMark;
     std::vector<const CXmlElement*> elements;
     size_t next = 0;
     bool mismatch = false;
@@ -56,7 +57,7 @@ struct Scan {
         }
         CSourceIndex::Entry& entry = (*entries)[elements[next++]];
         entry.line = static_cast<int>(ExpatLine(parser));
-        entry.column = static_cast<int>(ExpatColumn(parser)) + 1;
+        entry.column = static_cast<int>(ExpatColumn(parser, byteOrderMark));
         entry.declarations.swap(declarations);
         declarations.clear();
     }
@@ -74,6 +75,7 @@ std::unique_ptr<CSourceIndex> CSourceIndex::Build(const CXmlElement* root, const
     Scan scan;
     scan.parser = namespaceAware ? XML_ParserCreateNS(encoding, kNameSeparator) : XML_ParserCreate(encoding);
     if (!scan.parser) throw std::bad_alloc();
+    scan.byteOrderMark = StartsWithByteOrderMark(data, length);
     scan.elements = DocumentOrder(root);
     scan.entries = &index->m_entries;
     XML_SetUserData(scan.parser, &scan);

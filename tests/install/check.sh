@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Installs the built library into a folder of the build tree and builds the consumer against it
 # twice: through find_package, whose qx_generate_bindings compiles the consumer's schema, and through
-# pkg-config with the installed qxxsd run by hand. Arguments: build dir, consumer source dir, C++
-# compiler.
+# pkg-config with the installed qxxsd run by hand; then runs the installed qxconv. Arguments: build
+# dir, consumer source dir, C++ compiler.
 set -euo pipefail
 build=$1
 consumer=$2
@@ -36,3 +36,7 @@ export PKG_CONFIG_PATH="$libdir/pkgconfig"
     -I"$work/pkgconfig-bindings" $(pkg-config --cflags --libs qxxmllib16) \
     -Wl,-rpath,"$(pkg-config --variable=libdir qxxmllib16)"
 "$work/pkgconfig-consumer"
+
+# The installed converter runs from where it is installed: the schema to JSON and back.
+"$prefix/bin/qxconv" "$consumer/order.xsd" "$work/order.json"
+"$prefix/bin/qxconv" "$work/order.json" "$work/order.xml"

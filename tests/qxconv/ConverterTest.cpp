@@ -22,9 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The documents of the shared data and of the repository, by path.
-std::vector<std::string> AllDocuments() {
-    std::vector<std::string> documents;
+// The documents of the shared data and of the repository, by folder.
+std::map<std::string, std::vector<std::string>> AllDocuments() {
+    std::map<std::string, std::vector<std::string>> folders;
     for (const fs::path& root :
          {fs::path(QX_SHARED_DATA_DIR), fs::path(QX_REPOSITORY_DIR) / "tests",
           fs::path(QX_REPOSITORY_DIR) / "docs", fs::path(QX_REPOSITORY_DIR) / "examples"}) {
@@ -32,11 +32,12 @@ std::vector<std::string> AllDocuments() {
             const std::string extension = entry.path().extension().string();
             if (entry.is_regular_file() &&
                 (extension == ".xml" || extension == ".gpx" || extension == ".finf"))
-                documents.push_back(entry.path().string());
+                folders[entry.path().parent_path().string()].push_back(entry.path().string());
         }
     }
-    std::sort(documents.begin(), documents.end());
-    return documents;
+    for (auto& folder : folders)
+        std::sort(folder.second.begin(), folder.second.end());
+    return folders;
 }
 
 std::string Name(const std::string& path) {
@@ -127,32 +128,38 @@ std::wstring Difference(const CXmlElement& expected, const CXmlElement& actual, 
     return std::wstring();
 }
 
-class RoundTrip : public testing::TestWithParam<std::string> {};
+typedef std::pair<const std::string, std::vector<std::string>> Folder;
+
+class RoundTrip : public testing::TestWithParam<Folder> {};
 
 TEST_P(RoundTrip, EveryFormatGivesBackTheSameTree) {
-    std::string bytes = Documents::ReadBytes(GetParam());
-    CXmlDocument document;
-    Format format;
-    QxConv::Load(CBinaryData(reinterpret_cast<unsigned char*>(&bytes[0]),
-                             static_cast<unsigned long>(bytes.size()), false),
-                 document, format);
-    EXPECT_EQ(format, fs::path(GetParam()).extension() == ".finf" ? Format::fi : Format::xml);
-    for (const Format to : {Format::xml, Format::fi, Format::json}) {
-        for (const bool gzip : {false, true}) {
-            SCOPED_TRACE(std::string(QxConv::FormatName(to)) + (gzip ? " gzip" : ""));
-            const CBinaryData converted = QxConv::Write(document, to, gzip);
-            CXmlDocument back;
-            Format read;
-            QxConv::Load(converted, back, read);
-            EXPECT_EQ(read, to);
-            EXPECT_EQ(
-                Difference(*document.GetDocumentElement(), *back.GetDocumentElement(), to == Format::json),
-                L"");
+    for (const std::string& path : GetParam().second) {
+        SCOPED_TRACE(path);
+        std::string bytes = Documents::ReadBytes(path);
+        CXmlDocument document;
+        Format format;
+        QxConv::Load(CBinaryData(reinterpret_cast<unsigned char*>(&bytes[0]),
+                                 static_cast<unsigned long>(bytes.size()), false),
+                     document, format);
+        EXPECT_EQ(format, fs::path(path).extension() == ".finf" ? Format::fi : Format::xml);
+        for (const Format to : {Format::xml, Format::fi, Format::json}) {
+            for (const bool gzip : {false, true}) {
+                SCOPED_TRACE(std::string(QxConv::FormatName(to)) + (gzip ? " gzip" : ""));
+                const CBinaryData converted = QxConv::Write(document, to, gzip);
+                CXmlDocument back;
+                Format read;
+                QxConv::Load(converted, back, read);
+                EXPECT_EQ(read, to);
+                EXPECT_EQ(Difference(*document.GetDocumentElement(), *back.GetDocumentElement(),
+                                     to == Format::json),
+                          L"");
+            }
         }
     }
 }
 
+// One test per folder of documents.
 INSTANTIATE_TEST_SUITE_P(TestData, RoundTrip, testing::ValuesIn(AllDocuments()),
-                         [](const testing::TestParamInfo<std::string>& info) { return Name(info.param); });
+                         [](const testing::TestParamInfo<Folder>& info) { return Name(info.param.first); });
 
 } // namespace

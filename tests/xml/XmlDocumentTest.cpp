@@ -346,6 +346,18 @@ TEST(XmlDocumentPositions, FoundForEveryKeptInput) {
     }
 }
 
+// The parser counts a byte order mark as a character of the first line; a reader of the text does
+// not see one. Wide text is loaded with one in front.
+TEST(XmlDocumentPositions, FirstLineColumnsDoNotCountAByteOrderMark) {
+    TempFile file("\xEF\xBB\xBF<a><b/>\n<c/></a>");
+    const std::vector<std::tuple<std::wstring, int, int>> expected = {{L"a", 1, 1}, {L"b", 1, 4}, {L"c", 2, 1}};
+    CXmlDocument document;
+    document.Load(file.Name().c_str());
+    EXPECT_EQ(expected, Positions(document));
+    document.LoadXml(L"<a><b/>\n<c/></a>");
+    EXPECT_EQ(expected, Positions(document));
+}
+
 TEST(XmlDocumentPositions, UnknownWhereNoInputIsKept) {
     CXmlDocument inPlace;
     inPlace.LoadXml(kPositioned);

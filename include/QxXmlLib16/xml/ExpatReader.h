@@ -94,6 +94,7 @@ private:
     std::unique_ptr<wchar_t[]> m_longText;
     size_t m_longTextCapacity;
     std::exception_ptr m_callbackError;
+    bool m_byteOrderMark = false; // the input begins with one, which shifts the first line's columns
     // An element's text is stored whole at its end tag, so that the document can share repeated
     // texts (such as the indentation between children) instead of building each piece by piece.
     // One buffer per depth, reused from element to element.
