@@ -10,6 +10,7 @@
 
 #include "BareExpat.h"
 #include "BenchTiming.h"
+#include "DocumentBench.h"
 #include "FreshProcess.h"
 
 #include <GpxBindings.h>
@@ -90,24 +91,14 @@ double MiB(unsigned long bytes) {
     return bytes / 1048576.0;
 }
 
-const char* Verdict(bool met) {
-    return met ? "met" : "missed";
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "usage: %s <document.gpx> [runs]\n", argv[0]);
-        return 2;
-    }
-    const int runs = argc == 3 ? std::max(1, std::atoi(argv[2])) : kBenchRuns;
+    bench::DocumentRun run;
+    if (!bench::ReadDocumentRun(argc, argv, kBenchRuns, run)) return 2;
+    const int runs = run.runs;
     const std::string input = argv[1];
-    const Bytes xml = bench::ReadFile(argv[1]);
-    if (xml.empty()) {
-        std::fprintf(stderr, "cannot read %s\n", argv[1]);
-        return 2;
-    }
+    const Bytes& xml = run.document;
     // The documents to load and measure are made in a child of their own, so that this process
     // stays as small as the forked ones should start.
     const std::string fiPath = input + ".finf", xmlPath = input + ".written.xml";
@@ -166,7 +157,8 @@ int main(int argc, char** argv) {
         std::printf("    decode (b)                     %.3f s\n\n", decodeOurs);
     }
     std::printf("targets: FI size <= 0.5 x XML: %s; FI load >= 1.5 x faster: %s; FI write <= XML write: %s\n",
-                Verdict(2 * sizes.fi <= sizes.xml), Verdict(xmlLoad.seconds >= 1.5 * fiLoad.seconds),
-                Verdict(fiWrite.seconds <= xmlWrite.seconds));
+                bench::Verdict(2 * sizes.fi <= sizes.xml),
+                bench::Verdict(xmlLoad.seconds >= 1.5 * fiLoad.seconds),
+                bench::Verdict(fiWrite.seconds <= xmlWrite.seconds));
     return 0;
 }

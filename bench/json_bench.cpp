@@ -7,6 +7,7 @@
 
 #include "BareExpat.h"
 #include "BenchTiming.h"
+#include "DocumentBench.h"
 #include "FreshProcess.h"
 
 #include <GpxBindings.h>
@@ -71,23 +72,13 @@ Sample TimedLoad(const Bytes& input, Load load) {
     return sample;
 }
 
-const char* Verdict(bool met) {
-    return met ? "met" : "missed";
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc < 2 || argc > 3) {
-        std::fprintf(stderr, "usage: %s <document.gpx> [runs]\n", argv[0]);
-        return 2;
-    }
-    const int runs = argc == 3 ? std::max(1, std::atoi(argv[2])) : kBenchRuns;
-    const Bytes xml = bench::ReadFile(argv[1]);
-    if (xml.empty()) {
-        std::fprintf(stderr, "cannot read %s\n", argv[1]);
-        return 2;
-    }
+    bench::DocumentRun run;
+    if (!bench::ReadDocumentRun(argc, argv, kBenchRuns, run)) return 2;
+    const int runs = run.runs;
+    const Bytes& xml = run.document;
     // The JSON to load is made in a child of its own, so that this process stays as small as the
     // forked ones should start.
     Bytes json;
@@ -140,7 +131,7 @@ int main(int argc, char** argv) {
     std::printf("(d) JSON load                  %.3f s   ratio to (c) %.2f (target <= 1.5)\n",
                 jsonLoad.seconds, jsonLoad.seconds / xmlLoad.seconds);
     std::printf("targets: JSON write <= XML write: %s; JSON load <= 1.5 x XML load: %s\n",
-                Verdict(jsonWrite.seconds <= xmlWrite.seconds),
-                Verdict(jsonLoad.seconds <= 1.5 * xmlLoad.seconds));
+                bench::Verdict(jsonWrite.seconds <= xmlWrite.seconds),
+                bench::Verdict(jsonLoad.seconds <= 1.5 * xmlLoad.seconds));
     return 0;
 }

@@ -33,6 +33,8 @@ TEST(Writing, MandatoryMemberWithoutValueAndEmptyChoiceAreRefused) {
 
     CSmartPtr<GroupsSchema::CGroups> groups(new GroupsSchema::CGroups());
     groups->GetPick()->Add();
+    EXPECT_EQ(MessageOf<CQxValidationException>([&] { groups->ToXml(false, false); }),
+              L"Failed to convert the element [groups] to XML");
     EXPECT_EQ(
         FailureOf([&] { groups->ToXml(); }).message,
         L"This element is a choice, and as such must have at one (and only one) valid item, currently there "

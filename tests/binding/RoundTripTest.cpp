@@ -46,10 +46,6 @@ struct Case {
     std::function<void(CSerializationContext&)> configure = nullptr;
 };
 
-std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
-    return text.replace(text.find(from), from.size(), to);
-}
-
 // The all groups are written in member order, whatever order they were read in.
 const wchar_t kBagInOrder[] = L"<bag><item id=\"3\"/><shape xsi:type=\"Square\" side=\"4\"/><count>7</count>"
                               L"<colour>green</colour><extra>e</extra><spare id=\"2\"/>"
@@ -64,10 +60,10 @@ const wchar_t kCrateInOrder[] =
 // A GPX document of thousands of points made by the shared generator, once.
 std::string Generated() {
     static const std::string path = [] {
+        const std::string file = testing::TempDir() + "generated.gpx";
         const std::string command = "python3 '" + Documents::Shared("../tools/gen_gpx.py") +
-                                    "' --points 3000 --waypoints 20 --routes 3 -o generated.gpx";
-        return std::system(command.c_str()) == 0 ? std::string("generated.gpx")
-                                                 : std::string("(not generated)");
+                                    "' --points 3000 --waypoints 20 --routes 3 -o '" + file + "'";
+        return std::system(command.c_str()) == 0 ? file : std::string("(not generated)");
     }();
     return path;
 }

@@ -35,11 +35,12 @@ CSmartPtr<Gpx::CGpx> BuiltDocument() {
 
 TEST(Authoring, BuiltDocumentWritesValidAndReadsBack) {
     const CSmartPtr<Gpx::CGpx> gpx = BuiltDocument();
-    gpx->ToXmlFile(L"authored.gpx");
-    EXPECT_EQ(Documents::XmllintFileErrors("authored.gpx", Documents::Shared("gpx/gpx.xsd")), "");
+    const std::string path = testing::TempDir() + "authored.gpx";
+    gpx->ToXmlFile(std::wstring(path.begin(), path.end()).c_str());
+    EXPECT_EQ(Documents::XmllintFileErrors(path, Documents::Shared("gpx/gpx.xsd")), "");
 
     const CSmartPtr<Gpx::CGpx> copy(new Gpx::CGpx);
-    copy->FromXmlFile(L"authored.gpx");
+    copy->FromXmlFile(std::wstring(path.begin(), path.end()).c_str());
     EXPECT_EQ(copy->ToXml(), gpx->ToXml());
 }
 
