@@ -48,11 +48,14 @@ bool CXmlCollectionBase::IsValidCount(const CSerializationContext& context) cons
 }
 
 void CXmlCollectionBase::AddEventListener(IEventSink* listener) {
-    m_listeners.push_back(listener);
+    if (!m_listeners) m_listeners.reset(new std::vector<IEventSink*>);
+    m_listeners->push_back(listener);
 }
 
 void CXmlCollectionBase::RemoveEventListener(IEventSink* listener) {
-    m_listeners.erase(std::remove(m_listeners.begin(), m_listeners.end(), listener), m_listeners.end());
+    if (m_listeners)
+        m_listeners->erase(std::remove(m_listeners->begin(), m_listeners->end(), listener),
+                           m_listeners->end());
 }
 
 namespace {
@@ -60,17 +63,21 @@ namespace {
 // Tells the listeners registered when the event began, even if one of them changes the list while
 // being told. The snapshot stays on the stack for the usual handful of listeners.
 template <class Notify>
-void NotifyAll(const std::vector<IEventSink*>& listeners, Notify notify) {
+void NotifyAll(const std::unique_ptr<std::vector<IEventSink*>>& registered, Notify notify) {
+    if (!registered) return;
+    const std::vector<IEventSink*>& listeners = *registered;
     constexpr size_t kOnStack = 8;
     if (listeners.size() > kOnStack) {
         const std::vector<IEventSink*> snapshot(listeners);
-        for (IEventSink* listener : snapshot) notify(listener);
+        for (IEventSink* listener : snapshot)
+            notify(listener);
         return;
     }
     IEventSink* snapshot[kOnStack];
     const size_t count = listeners.size();
     std::copy(listeners.begin(), listeners.end(), snapshot);
-    for (size_t i = 0; i < count; ++i) notify(snapshot[i]);
+    for (size_t i = 0; i < count; ++i)
+        notify(snapshot[i]);
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 #include <QxXmlLib16/values/BigInteger.h>
 
-#include <QxXmlLib16/values/Decimal.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/WhitespaceUtils.h>
+#include <QxXmlLib16/values/Decimal.h>
 
 #include <algorithm>
 #include <cmath>
@@ -39,8 +39,8 @@ void CBigInteger::Digits::Grow(std::size_t count) {
     const std::size_t capacity = std::max<std::size_t>(count, 2 * m_capacity);
     Digit* grown = new Digit[capacity];
     std::copy(begin(), end(), grown);
-    if (IsHeap()) delete[] m_heap;
-    m_heap = grown;
+    if (IsHeap()) delete[] Heap();
+    SetHeap(grown);
     m_capacity = static_cast<unsigned int>(capacity);
 }
 
@@ -82,7 +82,7 @@ CBigInteger::Digit* CBigInteger::Digits::erase(Digit* first, Digit* last) {
 void CBigInteger::Digits::swap(Digits& other) noexcept {
     std::swap(m_size, other.m_size);
     std::swap(m_capacity, other.m_capacity);
-    // The union is plain bytes: the in-place digits and the heap pointer both move as they are.
+    // The in-place bytes move as they are, whether they hold digits or the heap pointer.
     Digit bytes[kInline];
     std::copy(m_inline, m_inline + kInline, bytes);
     std::copy(other.m_inline, other.m_inline + kInline, m_inline);

@@ -1,7 +1,7 @@
-#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/binding/SerializationContext.h>
-#include <QxXmlLib16/foundation/SmartPtr.h>
 #include <QxXmlLib16/collections/PrimitiveCol.h>
+#include <QxXmlLib16/foundation/Exceptions.h>
+#include <QxXmlLib16/foundation/SmartPtr.h>
 
 #include "collections/support/Recorders.h"
 #include "foundation/support/MessageOf.h"
@@ -70,6 +70,8 @@ TEST(CollectionBase, HasNoTargetNamespaceOfItsOwn) {
 TEST(CollectionListeners, AddedTwiceHearTwiceAndAreRemovedWhole) {
     CSmartPtr<Ci4Col> col = MakeCol(0, 0, -1);
     CRecordingSink twice, once;
+    col->RemoveEventListener(&once); // before any listener: nothing to remove
+    col->Add(0);
     col->AddEventListener(&twice);
     col->AddEventListener(&once);
     col->AddEventListener(&twice);

@@ -8,9 +8,23 @@
 
 #include <climits>
 #include <functional>
+#include <string>
+#include <vector>
 
 using namespace QxXmlLib16;
 using QxTest::Widen;
+
+namespace {
+
+// The digits as text, least significant first, as they are stored.
+std::wstring DigitText(const CBigInteger::Digits& digits) {
+    std::wstring text;
+    for (CBigInteger::Digit digit : digits)
+        text += static_cast<wchar_t>(L'0' + digit);
+    return text;
+}
+
+} // namespace
 
 namespace {
 
@@ -81,6 +95,33 @@ TEST(BigIntegerTest, RangeConstantsAndPowersOfTen) {
     EXPECT_EQ(CBigInteger::MIN_DOUBLE(), -CBigInteger::MAX_DOUBLE());
     EXPECT_EQ(CBigInteger::Pow10(3).ToString(), L"1000");
     EXPECT_EQ(CBigInteger::Pow10(-1).ToString(), L"0");
+}
+
+// Copies, moves and swaps between digits held in place and on the heap, on both sides of the
+// in-place capacity, keep every digit.
+TEST(BigIntegerTest, DigitsSurviveCopyMoveAndSwapAcrossStorage) {
+    const size_t inPlace = CBigInteger::Digits::kInline;
+    std::vector<std::wstring> texts;
+    for (size_t length : {size_t(1), inPlace - 1, inPlace, inPlace + 1, size_t(300)}) {
+        std::wstring text;
+        for (size_t i = 0; i < length; ++i)
+            text += static_cast<wchar_t>(L'1' + i % 9);
+        texts.push_back(text);
+    }
+    for (const std::wstring& a : texts) {
+        for (const std::wstring& b : texts) {
+            SCOPED_TRACE(std::to_string(a.size()) + " " + std::to_string(b.size()));
+            CBigInteger x(a.c_str()), y(b.c_str());
+            CBigInteger::Digits left(x.GetDigits()), right(y.GetDigits());
+            left.swap(right);
+            EXPECT_EQ(std::wstring(b.rbegin(), b.rend()), DigitText(left));
+            EXPECT_EQ(std::wstring(a.rbegin(), a.rend()), DigitText(right));
+            CBigInteger moved(std::move(x));
+            y = moved;
+            EXPECT_EQ(a, y.ToString());
+            EXPECT_EQ(a, moved.ToString());
+        }
+    }
 }
 
 // Every operation against GMP on random operands of 1 to 300 digits, with negative zeros; every

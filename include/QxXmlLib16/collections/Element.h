@@ -1,10 +1,10 @@
 #pragma once
 
+#include <QxXmlLib16/binding/XmlObjectBase.h>
 #include <QxXmlLib16/foundation/Export.h>
 #include <QxXmlLib16/foundation/InstanceMonitor.h>
 #include <QxXmlLib16/foundation/SharedText.h>
 #include <QxXmlLib16/foundation/SmartPtr.h>
-#include <QxXmlLib16/binding/XmlObjectBase.h>
 
 #include <string>
 
@@ -46,7 +46,7 @@ public:
     std::wstring GetTargetNamespace() const override { return m_namespace; }
     std::wstring GetNamespace() const override { return m_namespace; }
 
-    const std::wstring& GetName() const { return m_name; }
+    const std::wstring& GetName() const { return m_name.Get(); }
     const std::wstring& GetText() const { return m_text; }
     void SetText(const wchar_t* text) { m_text = text ? text : L""; }
     // Throws CQxInvalidNamespaceException when the namespace does not fit the rule.
@@ -123,7 +123,7 @@ private:
     // The rule the collections apply: "##any" until SetNamespaceRestrictions.
     const std::wstring& CollectionRule() const;
 
-    std::wstring m_name;
+    CSharedText m_name; // wildcard content repeats a few names in every object that holds it
     std::wstring m_text;
     CSharedText m_namespace;
     CSharedText m_namespaceRule;

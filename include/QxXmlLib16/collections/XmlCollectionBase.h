@@ -1,9 +1,10 @@
 #pragma once
 
+#include <QxXmlLib16/binding/XmlObjectBase.h>
 #include <QxXmlLib16/foundation/Export.h>
 #include <QxXmlLib16/foundation/SharedText.h>
-#include <QxXmlLib16/binding/XmlObjectBase.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -49,7 +50,9 @@ protected:
 
 private:
     CSharedText m_namespace;
-    std::vector<IEventSink*> m_listeners;
+    // Made by the first listener: a large document holds an empty collection in nearly every
+    // object, and few of them are ever listened to.
+    std::unique_ptr<std::vector<IEventSink*>> m_listeners;
     int m_minOccurs;
     int m_maxOccurs;
 };

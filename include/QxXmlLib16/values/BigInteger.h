@@ -3,6 +3,7 @@
 #include <QxXmlLib16/foundation/Export.h>
 
 #include <cstddef>
+#include <cstring>
 #include <initializer_list>
 #include <string>
 
@@ -23,7 +24,9 @@ public:
     // values of documents (coordinates, amounts, counts) then cost no allocation at all.
     class QX_API Digits {
     public:
-        static constexpr std::size_t kInline = 16;
+        // Twelve, so that a CBigInteger takes 32 bytes and a CDecimal 80: a document's decimals
+        // stand in every object of a large load.
+        static constexpr std::size_t kInline = 12;
 
         Digits() noexcept
             : m_size(0)
@@ -53,7 +56,7 @@ public:
             return *this;
         }
         ~Digits() {
-            if (IsHeap()) delete[] m_heap;
+            if (IsHeap()) delete[] Heap();
         }
 
         std::size_t size() const { return m_size; }
@@ -86,17 +89,23 @@ public:
 
     private:
         bool IsHeap() const { return m_capacity > kInline; }
-        Digit* Data() { return IsHeap() ? m_heap : m_inline; }
-        const Digit* Data() const { return IsHeap() ? m_heap : m_inline; }
+        Digit* Data() { return IsHeap() ? Heap() : m_inline; }
+        const Digit* Data() const { return IsHeap() ? Heap() : m_inline; }
+        // The heap pointer shares the bytes of the in-place digits, unaligned, so that the digit
+        // vector needs no more than 4-byte alignment and packs behind the sign.
+        Digit* Heap() const {
+            Digit* heap;
+            std::memcpy(&heap, m_inline, sizeof heap);
+            return heap;
+        }
+        void SetHeap(Digit* heap) { std::memcpy(m_inline, &heap, sizeof heap); }
         // Room for at least count digits; the digits held are kept.
         void Grow(std::size_t count);
 
         unsigned int m_size;
         unsigned int m_capacity; // kInline while the digits are held in place
-        union {
-            Digit m_inline[kInline];
-            Digit* m_heap;
-        };
+        Digit m_inline[kInline]; // or the heap pointer, once the digits outgrow it
+        static_assert(kInline >= sizeof(Digit*), "the heap pointer is kept in the in-place digits");
     };
 
     CBigInteger();
