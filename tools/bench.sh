@@ -3,7 +3,10 @@
 #   tools/bench.sh xml [points]   XML text load and write on a generated GPX document
 #                                 (default 178000 track points, about 50 MB)
 #   tools/bench.sh gpx [points]   the GPX bindings against gSOAP and CodeSynthesis XSD on the same
-#                                 document; installs the peers' Debian packages first
+#                                 document; installs the peers' Debian packages first. Without
+#                                 points, also loads 10,000, 100,000 and 1,000,000 points to show
+#                                 the growth, and writes the results into docs/benchmark-gpx.md and
+#                                 the chart docs/benchmark-gpx.svg
 #   tools/bench.sh json [points]  JSON write and load of the GPX bindings against XML on the same
 #                                 document
 #   tools/bench.sh fastinfoset [points]
@@ -27,8 +30,14 @@ cmake --build "$build" -j 2 --target "${name}_bench"
 if [ "$name" = xml ] || [ "$name" = gpx ] || [ "$name" = json ] || [ "$name" = fastinfoset ]; then
     points="${2:-178000}"
     document="$build/bench-$points.gpx"
-    [ -f "$document" ] || python3 ../shared/tools/gen_gpx.py --points "$points" -o "$document"
-    "$build/bench/${name}_bench" "$document"
+    generate() { [ -f "$build/bench-$1.gpx" ] || python3 ../shared/tools/gen_gpx.py --points "$1" -o "$build/bench-$1.gpx"; }
+    generate "$points"
+    if [ "$name" = gpx ] && [ $# -lt 2 ]; then
+        for scale in 10000 100000 1000000; do generate $scale; done
+        "$build/bench/gpx_bench" --report docs "$document" "$build"/bench-{10000,100000,1000000}.gpx
+    else
+        "$build/bench/${name}_bench" "$document"
+    fi
 else
     "$build/bench/${name}_bench"
 fi

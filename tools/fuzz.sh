@@ -5,7 +5,8 @@
 #   tools/fuzz.sh --time 600 json       one target, ten minutes
 #   tools/fuzz.sh --runs 10000000 fi    one target, a fixed number of executions
 # A target's seeds are the globs listed in fuzz/<name>.seeds (relative to the repository root); a
-# line "dict FILE" there names its dictionary in fuzz/. New inputs that grow coverage are kept in
+# line "dict FILE" there names its dictionary in fuzz/, a line "max_len N" caps the inputs' size (a
+# few large seeds would otherwise slow every execution down to their size). New inputs that grow coverage are kept in
 # build-fuzz/corpus/<name>/, so later runs go on from there. Any crash, leak or timeout fails.
 set -euo pipefail
 root="$(cd "$(dirname "$0")/.." && pwd)"
@@ -39,12 +40,14 @@ for name in "${targets[@]}"; do
     corpus="$build/corpus/$name"
     mkdir -p "$corpus"
     dict=()
+    maxLen=()
     seeds="$root/fuzz/$name.seeds"
     if [ -f "$seeds" ]; then
         while read -r kind value; do
             case "$kind" in
             '' | '#'*) ;;
             dict) dict=(-dict="$root/fuzz/$value") ;;
+            max_len) maxLen=(-max_len="$value") ;;
             *) for f in $root/$kind; do [ -f "$f" ] && cp -n "$f" "$corpus/" || true; done ;;
             esac
         done <"$seeds"
@@ -53,7 +56,7 @@ for name in "${targets[@]}"; do
     log="$build/$name.log"
     # Crash inputs are written into the build folder, not the working directory.
     if ! (cd "$build" && "$build/fuzz/qx_${name}_fuzz" "${limit[@]}" -timeout=10 -rss_limit_mb=2560 \
-        -print_final_stats=1 "${dict[@]}" "$corpus" >"$log" 2>&1); then
+        -print_final_stats=1 "${dict[@]}" "${maxLen[@]}" "$corpus" >"$log" 2>&1); then
         tail -n 60 "$log"
         echo "fuzz target $name failed; the input is in $build"
         exit 1

@@ -2,22 +2,32 @@
 # Installs what the library needs, builds it and runs the whole test suite.
 #   tools/test.sh             plain build in build/
 #   tools/test.sh --sanitize  AddressSanitizer + UndefinedBehaviorSanitizer build in build-sanitize/
+#   tools/test.sh --tsan      ThreadSanitizer build in build-tsan/ of the thread stress test alone
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-sanitize=OFF
+options=()
 build=build
-if [ "${1:-}" = "--sanitize" ]; then
-    sanitize=ON
+targets=()
+tests=()
+case "${1:-}" in
+--sanitize)
+    options=(-DQX_SANITIZE=ON)
     build=build-sanitize
-fi
+    export ASAN_OPTIONS=halt_on_error=1:detect_leaks=1
+    export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
+    ;;
+--tsan)
+    options=(-DQX_TSAN=ON)
+    build=build-tsan
+    targets=(--target qx_threads_tests)
+    tests=(-R '^ThreadStress\.')
+    export TSAN_OPTIONS=halt_on_error=1:second_deadlock_stack=1
+    ;;
+esac
 
 bash tools/install-deps.sh
 
-cmake -S . -B "$build" -DQX_SANITIZE="$sanitize" -DQX_BUILD_TESTS=ON
-cmake --build "$build" -j "$(nproc)"
-if [ "$sanitize" = ON ]; then
-    export ASAN_OPTIONS=halt_on_error=1:detect_leaks=1
-    export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
-fi
-ctest --test-dir "$build" --output-on-failure -j "$(nproc)"
+cmake -S . -B "$build" "${options[@]}" -DQX_BUILD_TESTS=ON
+cmake --build "$build" -j "$(nproc)" "${targets[@]}"
+ctest --test-dir "$build" --output-on-failure -j "$(nproc)" "${tests[@]}"

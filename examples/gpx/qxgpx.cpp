@@ -123,10 +123,16 @@ double Seconds(F&& step) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-// Loads the input as XML or JSON into gpx. Writing JSON needs every namespace of the document
-// declared on its root, so the document's namespaces then go into the context.
+// Loads the input as XML or JSON into gpx through the library's entry points, which give a refused
+// document's error its line and column. Writing JSON needs every namespace of the document declared
+// on its root, so the document's namespaces then go into the context.
 void Load(const Options& options, Gpx::CGpx& gpx, CSerializationContext& context) {
     const std::wstring input = Widen(options.input.c_str());
+    if (options.jsonInput)
+        gpx.FromJsonFile(input.c_str(), context);
+    else
+        gpx.FromXmlFile(input.c_str(), context);
+    if (options.outputFormat != Format::json) return;
     CXmlDocument document(context);
     if (options.jsonInput) {
         CBinaryData xml = document.LoadJsonFile(input.c_str());
@@ -134,8 +140,7 @@ void Load(const Options& options, Gpx::CGpx& gpx, CSerializationContext& context
     } else {
         document.Load(input.c_str());
     }
-    gpx.FromXmlElement(document.GetDocumentElement(), context);
-    if (options.outputFormat == Format::json) Gpx::DeclareNamespaces(document, context);
+    Gpx::DeclareNamespaces(document, context);
 }
 
 } // namespace
@@ -168,7 +173,12 @@ int main(int argc, char** argv) {
         }
     } catch (const CQxException& e) {
         std::fflush(stdout);
-        Print(stderr, L"qxgpx: " + e.GetFullMessage() + L"\n");
+        // Where in the input, as compilers say it, when the error knows.
+        const std::wstring where =
+            e.HasPosition()
+                ? Widen(options.input.c_str()) + FormatString(L":%lu:%lu: ", e.GetLine(), e.GetColumn())
+                : L"qxgpx: ";
+        Print(stderr, where + e.GetFullMessage() + L"\n");
         return 1;
     }
     return 0;

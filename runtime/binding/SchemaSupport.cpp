@@ -11,6 +11,8 @@
 #include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 
+#include "xml/ErrorLocator.h"
+
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -34,9 +36,9 @@ std::wstring Canonical(ItemType kind, const std::wstring& text, CWhitespaceUtils
 
 } // namespace
 
-void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern) {
+void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern, PatternMode mode) {
     CXmlObjectHelper::CheckRestrictionForstring(
-        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1));
+        name, text, CPrimitiveRestrictions(pattern, -1, -1, L"", L"", L"", L"", -1, -1, -1, mode));
 }
 
 void CheckValue(ItemType kind, const wchar_t* name, const std::wstring& text,
@@ -247,12 +249,23 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned lon
         CXmlDocument converter(json);
         const CBinaryData xml = converter.LoadJsonStream(data, length);
         CXmlDocument document(json);
-        document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
-        return Read(document.GetDocumentElement(), json);
+        try {
+            document.LoadXmlStream(const_cast<unsigned char*>(xml.GetData()), xml.GetLength());
+            return Read(document.GetDocumentElement(), json);
+        } catch (CQxException& error) {
+            // A place in the XML text the JSON became would mean nothing to the caller.
+            error.SetPosition(0, 0);
+            throw;
+        }
     }
     CXmlDocument document(context);
     document.LoadXmlStream(data, length);
-    return Read(document.GetDocumentElement(), context);
+    try {
+        return Read(document.GetDocumentElement(), context);
+    } catch (CQxException& error) {
+        internal::CErrorLocator::Locate(document, error);
+        throw;
+    }
 }
 
 } // namespace QxXmlLib16

@@ -408,10 +408,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
     }
     const bool reportMissing = !context.GetIgnoreMissingMandatoryElements();
     for (size_t i = 0; i < count; ++i) {
-        // Collections are held to their counts by the collection itself, not here.
         QxVariant value;
         infos[i]->ReadProperty(this, value);
-        if (value.GetItemType() != itXmlCollection)
+        // A collection's items may lie anywhere in the group: only now is its count known.
+        if (value.GetItemType() == itXmlCollection)
+            value.GetXmlCollection()->ValidateCount(context);
+        else
             infos[i]->Validate(context, this, found.Get(i), reportMissing);
     }
     return current;

@@ -18,6 +18,7 @@
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include "foundation/EncodingTextStream.h"
+#include "xml/ErrorLocator.h"
 #include "xml/StreamedLoad.h"
 
 #include <vector>
@@ -246,6 +247,10 @@ void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, 
         CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
     } catch (const internal::CStreamFailure& failure) {
         failure.Rethrow();
+    } catch (CQxException& error) {
+        stream.Finish();
+        internal::CErrorLocator::Locate(document, error);
+        throw;
     } catch (...) {
         stream.Finish();
         throw;
@@ -347,7 +352,13 @@ void CXmlObjectBase::FromJson_Int(const CBinaryData& xml, const CSerializationCo
     if (context.GetJsonContext()->GetSupportRoundtrip() != jrtFull) restore.context.SetIgnoreNamespaces(true);
     // Read as the UTF-8 bytes they are: no wide copy of the document, and characters above U+FFFF
     // arrive whole.
-    FromXmlStream(xml, context);
+    try {
+        FromXmlStream(xml, context);
+    } catch (CQxException& error) {
+        // A place in the XML text the JSON became would mean nothing to the caller.
+        error.SetPosition(0, 0);
+        throw;
+    }
 }
 
 // ---- Checks ------------------------------------------------------------------------------------

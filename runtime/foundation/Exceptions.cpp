@@ -40,7 +40,9 @@ CQxException::CQxException(std::wstring message, std::wstring path, const CQxExc
 CQxException::CQxException(const CQxException& other)
     : m_message(other.m_message)
     , m_path(other.m_path)
-    , m_inner(CloneOf(other.m_inner)) {}
+    , m_inner(CloneOf(other.m_inner))
+    , m_line(other.m_line)
+    , m_column(other.m_column) {}
 
 CQxException::~CQxException() {
     delete m_inner;
@@ -50,8 +52,15 @@ CQxException& CQxException::operator=(const CQxException& other) {
     if (this != &other) {
         m_message = other.m_message;
         m_inner = CloneOf(other.m_inner);
+        m_line = other.m_line;
+        m_column = other.m_column;
     }
     return *this;
+}
+
+void CQxException::SetPosition(unsigned long line, unsigned long column) {
+    m_line = line;
+    m_column = line ? column : 0;
 }
 
 CQxException* CQxException::Clone() const {

@@ -104,7 +104,11 @@ IErrorPathProvider& CJsonTextReader::GetErrorPathProvider() {
 
 template <class... Args>
 void CJsonTextReader::Fail(const wchar_t* format, Args... args) const {
-    throw CQxValidationException(FormatString(format, args..., m_line, m_linePosition), m_handler->GetPath());
+    CQxValidationException error(FormatString(format, args..., m_line, m_linePosition), m_handler->GetPath());
+    // At the end of a line the position is 0; the column then names the line's first character.
+    error.SetPosition(static_cast<unsigned long>(m_line),
+                      static_cast<unsigned long>(m_linePosition > 0 ? m_linePosition : 1));
+    throw error;
 }
 
 // ---- Characters --------------------------------------------------------------------------------

@@ -45,9 +45,27 @@ struct Lexical {
     std::size_t fractionEnd;
     std::size_t fractionDigits = 0;
     std::size_t exponentDigits = 0;
+    std::size_t exponentBegin = 0;
     bool exponentNegative = false;
     long exponent = 0;
 };
+
+// The count of integer digits the value has once a positive exponent has moved the point, so that
+// no text that parses gives a value whose own text would not.
+std::size_t ScaledIntegerDigits(const wchar_t* text, const Lexical& lex) {
+    std::size_t significant = 0;
+    for (std::size_t i = 0; i < lex.integerEnd; ++i)
+        if (IsDigit(text[i]) && (significant > 0 || text[i] != L'0')) ++significant;
+    const std::size_t exponent = static_cast<std::size_t>(lex.exponent);
+    if (significant > 0) return significant + exponent;
+    std::size_t leadingZeros = 0;
+    for (std::size_t i = lex.fractionBegin; i < lex.fractionEnd; ++i) {
+        if (!IsDigit(text[i])) continue;
+        if (text[i] != L'0') return exponent > leadingZeros ? exponent - leadingZeros : 0;
+        ++leadingZeros;
+    }
+    return 0;
+}
 
 Lexical Scan(const wchar_t* text, std::size_t length) {
     enum Section { Integer, Fraction, ExponentLead, Exponent };
@@ -91,6 +109,7 @@ Lexical Scan(const wchar_t* text, std::size_t length) {
             }
             if (CWhitespaceUtils::IsWhiteSpace(c)) break;
             section = Exponent;
+            lex.exponentBegin = i;
             [[fallthrough]];
         case Exponent:
             if (!IsDigit(c)) ThrowParseError(kInvalidChar, i, text, length);
@@ -100,6 +119,8 @@ Lexical Scan(const wchar_t* text, std::size_t length) {
             break;
         }
     }
+    if (lex.exponentDigits > 0 && !lex.exponentNegative && ScaledIntegerDigits(text, lex) > kMaxDigits)
+        ThrowParseError(kOutOfRange, lex.exponentBegin, text, length);
     return lex;
 }
 

@@ -30,6 +30,11 @@ struct CDocumentStore {
     bool streamLoads = false;
     std::unique_ptr<CExpatReader> stream;
     bool streamed = false;
+    // The XML text last parsed, not owned: the caller's bytes or the document's input. Valid only
+    // inside the entry point that loaded it, where errors are located in it (CErrorLocator).
+    const unsigned char* text = nullptr;
+    unsigned long textLength = 0;
+    bool textIsUtf16 = false;
 
     static constexpr size_t kShortText = 8;
     static bool IsShared(const wchar_t* text, size_t length) {

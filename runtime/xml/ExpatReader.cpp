@@ -84,6 +84,10 @@ void CExpatReader::CreateParser(bool utf16Input) {
     XML_SetElementHandler(m_parser, FnStartElement, FnEndElement);
     XML_SetNamespaceDeclHandler(m_parser, FnStartNamespace, FnEndNamespace);
     XML_SetCharacterDataHandler(m_parser, FnText);
+    // Expat's protection against entity amplification stays on as it comes.
+    XML_SetParamEntityParsing(m_parser, XML_PARAM_ENTITY_PARSING_NEVER);
+    XML_SetExternalEntityRefHandler(m_parser, FnExternalEntity);
+    XML_SetSkippedEntityHandler(m_parser, FnSkippedEntity);
     // Without these handlers a section's content arrives as plain text, its delimiters gone.
     if (!m_document.GetSerializationContext().GetStripCDATA())
         XML_SetCdataSectionHandler(m_parser, FnStartCDATA, FnEndCDATA);
@@ -130,9 +134,12 @@ void CExpatReader::ThrowOnFailure(int status) {
         const char* reason = XML_ErrorString(XML_GetErrorCode(m_parser));
         const std::wstring wideReason(reason, reason + std::char_traits<char>::length(reason));
         const int line = static_cast<int>(internal::ExpatLine(m_parser));
+        const unsigned long column = static_cast<unsigned long>(internal::ExpatColumn(m_parser)) + 1;
         Cleanup();
         FreeParser();
-        throw CQxException(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        CQxException error(FormatString(L"%ls at line %d", wideReason.c_str(), line));
+        error.SetPosition(static_cast<unsigned long>(line), column);
+        throw error;
     }
 }
 
@@ -231,7 +238,15 @@ void CExpatReader::Guarded(void* userData, Action action) {
     CExpatReader& reader = *static_cast<CExpatReader*>(userData);
     if (reader.m_callbackError) return;
     try {
-        action(reader);
+        try {
+            action(reader);
+        } catch (CQxException& e) {
+            // The event that failed is the offending node.
+            if (!e.HasPosition())
+                e.SetPosition(static_cast<unsigned long>(internal::ExpatLine(reader.m_parser)),
+                              static_cast<unsigned long>(internal::ExpatColumn(reader.m_parser)) + 1);
+            throw;
+        }
     } catch (...) {
         reader.m_callbackError = std::current_exception();
         XML_StopParser(reader.m_parser, XML_FALSE);
@@ -280,16 +295,21 @@ void CExpatReader::FnStartElement(void* userData, const unsigned short* name,
 std::wstring& CExpatReader::PendingText() {
     const size_t depth = m_document.m_openElements.size();
     if (m_pendingText.size() < depth) m_pendingText.resize(depth);
-    return m_pendingText[depth - 1];
+    std::wstring& text = m_pendingText[depth - 1];
+    if (text.empty() && m_document.m_elementComplete) m_unflushed.push_back(depth - 1);
+    return text;
 }
 
 void CExpatReader::FlushPendingText() {
     const std::vector<CXmlElement*>& open = m_document.m_openElements;
-    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i) {
-        std::wstring& text = m_pendingText[i];
-        open[i]->AppendText(text.data(), static_cast<int>(text.size()));
-        text.clear();
+    if (m_document.m_elementComplete) {
+        for (const size_t depth : m_unflushed)
+            if (depth < open.size()) open[depth]->TakeText(m_pendingText[depth]);
+        m_unflushed.clear();
+        return;
     }
+    for (size_t i = 0; i < open.size() && i < m_pendingText.size(); ++i)
+        open[i]->TakeText(m_pendingText[i]);
 }
 
 void CExpatReader::EndElement() {
@@ -303,9 +323,7 @@ void CExpatReader::EndElement() {
     if (m_document.m_elementComplete) {
         FlushPendingText();
     } else {
-        std::wstring& text = PendingText();
-        m_document.m_openElements.back()->AppendText(text.data(), static_cast<int>(text.size()));
-        text.clear();
+        m_document.m_openElements.back()->TakeText(PendingText());
     }
     CXmlElement* element = m_document.m_openElements.back();
     if (m_streaming) {
@@ -352,6 +370,27 @@ void CExpatReader::FnEndCDATA(void* userData) {
     Guarded(userData, [](CExpatReader& reader) {
         if (!reader.m_document.m_openElements.empty() && reader.m_skipDepth == 0)
             reader.PendingText().append(L"]]>", 3);
+    });
+}
+
+int CExpatReader::FnExternalEntity(XML_Parser parser, const unsigned short*, const unsigned short*,
+                                   const unsigned short* systemId, const unsigned short*) {
+    Guarded(XML_GetUserData(parser), [&](CExpatReader&) {
+        const std::wstring where(systemId, systemId + UnitCount(systemId));
+        throw CQxException(FormatString(L"The document refers to the external entity \"%ls\", which is never "
+                                        L"read, at line %d",
+                                        where.c_str(), static_cast<int>(internal::ExpatLine(parser))));
+    });
+    return XML_STATUS_ERROR;
+}
+
+void CExpatReader::FnSkippedEntity(void* userData, const unsigned short* name, int isParameterEntity) {
+    Guarded(userData, [&](CExpatReader& reader) {
+        const std::wstring entity(name, name + UnitCount(name));
+        throw CQxException(FormatString(L"The entity [%ls%ls] is declared outside the document, which is never "
+                                        L"read, at line %d",
+                                        isParameterEntity ? L"%" : L"", entity.c_str(),
+                                        static_cast<int>(internal::ExpatLine(reader.m_parser))));
     });
 }
 

@@ -9,6 +9,7 @@
 #include <QxXmlLib16/foundation/ConvertUTF.h>
 #include <QxXmlLib16/json/JsonTextReader.h>
 
+#include "fastinfoset/FastInfosetFormat.h"
 #include "xml/DocumentStore.h"
 #include "xml/StreamedLoad.h"
 
@@ -28,6 +29,17 @@ bool MayBeCompressed(const unsigned char* data, unsigned long length) {
     if (length < 2) return false;
     if (data[0] == 0x1F && data[1] == 0x8B) return true;
     return (data[0] & 0x0F) == 8 && (data[0] >> 4) <= 7 && ((data[0] << 8) | data[1]) % 31 == 0;
+}
+
+// The identification of a Fast Infoset document, alone or behind one of its XML declarations.
+bool MayBeFastInfoset(const unsigned char* data, size_t length) {
+    const auto startsWith = [&](const void* prefix, size_t size) {
+        return length >= size && std::memcmp(data, prefix, size) == 0;
+    };
+    if (startsWith(internal::kFiIdentification, sizeof internal::kFiIdentification)) return true;
+    for (const char* declaration : internal::kFiDeclarations)
+        if (startsWith(declaration, std::strlen(declaration))) return true;
+    return false;
 }
 
 unsigned char* AllocateBytes(unsigned long length) {
@@ -84,6 +96,8 @@ void CXmlDocument::Cleanup() {
     m_aliases.clear();
     m_store->sourceIndex.reset();
     m_store->sourceIndexBuilt = false;
+    m_store->text = nullptr;
+    m_store->textLength = 0;
 }
 
 const std::wstring& CXmlDocument::InternName(const CXmlDocument* document, const wchar_t* text,
@@ -108,14 +122,49 @@ void CXmlDocument::TakeInput(const unsigned char* data, unsigned long length) {
 
 void CXmlDocument::Load(const wchar_t* fileName) {
     Cleanup();
+    if (m_elementComplete && StreamTextFile(fileName)) return;
     ReadInputFile(fileName);
     Parse();
 }
 
-void CXmlDocument::ReadInputFile(const wchar_t* fileName) {
-    const wchar_t* name = fileName ? fileName : L"";
+namespace {
+std::unique_ptr<FILE, FileCloser> OpenInputFile(const wchar_t* name) {
     std::unique_ptr<FILE, FileCloser> file(std::fopen(UnicodeToMultiByte(name).c_str(), "rt"));
     if (!file) throw CQxException(FormatString(L"Failed to open the file [%ls].", name));
+    return file;
+}
+} // namespace
+
+// A caller that drops elements as they complete can take a document larger than memory: XML text
+// is read piece by piece, so that neither the file nor the tree is ever whole. Compressed files and
+// Fast Infoset are read whole, as they are without a callback.
+bool CXmlDocument::StreamTextFile(const wchar_t* fileName) {
+    const wchar_t* name = fileName ? fileName : L"";
+    std::unique_ptr<FILE, FileCloser> file = OpenInputFile(name);
+    const size_t kPiece = 1 << 20;
+    std::unique_ptr<unsigned char[]> piece(new unsigned char[kPiece]);
+    size_t length = std::fread(piece.get(), 1, kPiece, file.get());
+    if (length == 0 || MayBeCompressed(piece.get(), static_cast<unsigned long>(length)) ||
+        MayBeFastInfoset(piece.get(), length))
+        return false;
+    CExpatReader reader(*this);
+    reader.CreateParser();
+    for (;;) {
+        const bool last = length < kPiece;
+        if (last && std::ferror(file.get())) {
+            const int error = errno;
+            throw CQxException(
+                FormatString(L"Failed to read the contents of the file [%ls] Error [%d]", name, error));
+        }
+        reader.Parse(piece.get(), static_cast<unsigned long>(length), last);
+        if (last) return true;
+        length = std::fread(piece.get(), 1, kPiece, file.get());
+    }
+}
+
+void CXmlDocument::ReadInputFile(const wchar_t* fileName) {
+    const wchar_t* name = fileName ? fileName : L"";
+    std::unique_ptr<FILE, FileCloser> file = OpenInputFile(name);
     const long length = _filelength(file.get());
     if (length < 0) {
         const int error = errno;
@@ -181,6 +230,9 @@ void CXmlDocument::ParseText() {
 }
 
 void CXmlDocument::ParseText(const unsigned char* data, unsigned long length, bool utf16Input) {
+    m_store->text = data;
+    m_store->textLength = length;
+    m_store->textIsUtf16 = utf16Input;
     if (m_store->streamLoads) {
         m_store->stream.reset(new CExpatReader(*this));
         m_store->stream->CreateParser(utf16Input);

@@ -176,16 +176,33 @@ void CXmlElement::SetText(const wchar_t* text, size_t length) {
     }
 }
 
+void CXmlElement::TakeText(std::wstring& text) {
+    // Short texts are copied, so that the caller's buffer keeps its capacity for the next one.
+    constexpr size_t kMoveFrom = 4096;
+    if (text.size() < kMoveFrom || !StoredText().empty() || (m_text & kOwnedText)) {
+        AppendText(text.data(), static_cast<int>(text.size()));
+        text.clear();
+        return;
+    }
+    StoreText(ConstructSideObject<std::wstring>(CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)),
+                                                std::move(text)),
+              true);
+    text = std::wstring();
+}
+
 void CXmlElement::AppendText(const wchar_t* text, int length) {
     if (length <= 0) return;
     const std::wstring& current = StoredText();
     if (current.empty()) return SetText(text, static_cast<size_t>(length));
     if (!(m_text & kOwnedText)) {
-        // Shared text is never changed in place: the joined text is stored anew.
-        std::wstring joined;
-        joined.reserve(current.size() + static_cast<size_t>(length));
-        joined.append(current).append(text, static_cast<size_t>(length));
-        return SetText(joined.data(), joined.size());
+        // Shared text is never changed in place; the joined text becomes the element's own, for text
+        // that grows piece by piece (blanks between many children, say) would leave every stage of
+        // it in the document's table.
+        std::wstring* joined = ConstructSideObject<std::wstring>(
+            CXmlDocument::AllocateNode(m_document, sizeof(std::wstring)), current);
+        joined->append(text, static_cast<size_t>(length));
+        ReleaseText();
+        return StoreText(joined, true);
     }
     std::wstring& own = const_cast<std::wstring&>(current);
     const size_t needed = own.size() + static_cast<size_t>(length);

@@ -218,6 +218,14 @@ std::vector<Case> Cases() {
         {"CrateItemAttributeMissing", S::Crate, L"<item id=\"2\"/>", L"<item/>",
          {MissingAttribute(L"id"), L"/crate/item[2]"}, nullptr, kUnused},
         {"CrateUnknownElement", S::Crate, L"<o:x/>", L"<x/>", {Leftover(L"crate", L"x"), L"/crate"}, nullptr, kUnused},
+        // A collection's items lie anywhere in an all group, so its count is checked once all are read.
+        {"CrateTooFewItems", S::Crate,
+         L"<item id=\"1\"/><o:x/><shape xsi:type=\"Circle\" radius=\"1\"/><pick><count>2</count></pick><item id=\"2\"/>",
+         L"<o:x/>", {Count(L"Minimum", L"item", 1), L"/crate"}, nullptr, kUnused},
+        {"CrateTooFewItemsIgnored", S::Crate, L"<item id=\"1\"/>", L"", kLoads, kCounts},
+        {"CrateTooManyItems", S::Crate, L"<item id=\"2\"/>",
+         L"<item id=\"2\"/><item id=\"3\"/><count>4</count><item id=\"4\"/>", {Count(L"Maximum", L"item", 3), L"/crate"},
+         nullptr, kUnused},
         {"CrateEmptyChoice", S::Crate, L"<pick><count>2</count></pick>", L"<pick/>", {kNoChoice, L"/crate/pick"},
          nullptr, kUnused},
         // ---- Typed collections and wildcards -----------------------------------------------------

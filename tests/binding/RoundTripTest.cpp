@@ -46,10 +46,6 @@ struct Case {
     std::function<void(CSerializationContext&)> configure = nullptr;
 };
 
-std::wstring Replace(std::wstring text, const std::wstring& from, const std::wstring& to) {
-    return text.replace(text.find(from), from.size(), to);
-}
-
 // The all groups are written in member order, whatever order they were read in.
 const wchar_t kBagInOrder[] = L"<bag><item id=\"3\"/><shape xsi:type=\"Square\" side=\"4\"/><count>7</count>"
                               L"<colour>green</colour><extra>e</extra><spare id=\"2\"/>"
@@ -74,14 +70,19 @@ std::string Generated() {
 
 CSmartPtr<CXmlObjectBase> GroupsBuilt() {
     using namespace GroupsSchema;
+    const auto square = [](const wchar_t* side) {
+        CSquare* shape = new CSquare();
+        shape->SetSide(CDecimal(side));
+        return shape;
+    };
     CSmartPtr<CGroups> groups(new CGroups());
-    groups->SetAlt(new CSquare(L"x", L"2.5"));
-    groups->GetPicks()->Add()->SetShape(new CCircle());
-    groups->GetFigures()->Add(new CSquare(L"y", L"3"));
-    CPalette* palette = groups->GetPalettes()->Add();
+    groups->SetAlt(square(L"2.5"));
+    groups->GetPick()->Add()->SetShape(new CCircle());
+    groups->GetFigure()->Add(square(L"3"));
+    CPalette* palette = groups->GetPalette()->Add();
     for (Colour colour : {Colour_blue, Colour_red, Colour_blue})
-        palette->GetColours()->Add(colour);
-    groups->GetPalettes()->Add()->GetEntries()->Add()->SetNote(L"only");
+        palette->GetColour()->Add(colour);
+    groups->GetPalette()->Add()->GetChoice()->Add()->SetNote(std::wstring(L"only"));
     return groups.Get();
 }
 

@@ -61,6 +61,30 @@ TEST(Exceptions, CloneKeepsTheDynamicClassAndDeepCopiesTheChain) {
     EXPECT_EQ(copied.GetDetail(), L"");
 }
 
+// The position goes wherever the message goes: a copy of any class, a clone and an assignment; it
+// never changes the message.
+TEST(Exceptions, PositionTravelsWithTheMessage) {
+    CQxInvalidNamespaceException original(L"ns", L"/x");
+    EXPECT_FALSE(original.HasPosition());
+    original.SetPosition(12, 7);
+    EXPECT_EQ(original.GetMessage(), L"ns\nPath: /x");
+    const CQxException& asBase = original;
+    const std::unique_ptr<CQxException> clone(asBase.Clone());
+    const CQxValidationException copy(original);
+    CQxException assigned(L"old", L"/keep");
+    assigned = original;
+    for (const CQxException* e :
+         {static_cast<const CQxException*>(clone.get()), static_cast<const CQxException*>(&copy),
+          static_cast<const CQxException*>(&assigned)}) {
+        EXPECT_EQ(e->GetLine(), 12u);
+        EXPECT_EQ(e->GetColumn(), 7u);
+    }
+    // Without a line there is no column either.
+    original.SetPosition(0, 7);
+    EXPECT_FALSE(original.HasPosition());
+    EXPECT_EQ(original.GetColumn(), 0u);
+}
+
 TEST(Exceptions, AssignmentCopiesMessageAndInnerButKeepsThePath) {
     CQxException target(L"old", L"/keep");
     CQxException source(L"new", L"/other", CQxInvalidStateException(L"cause"));

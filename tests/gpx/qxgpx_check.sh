@@ -24,6 +24,7 @@ $summary"
 status=$?
 [ $status -ne 0 ] || fail "an invalid document was accepted"
 grep -q 'unexpected element \[ele\] remains un processed' stderr.txt && grep -q 'Path: /gpx/trk/trkseg/trkpt\[1\]' stderr.txt || fail "no XPath on stderr: $(cat stderr.txt)"
+grep -q '^.*/osmand-empty-ele.gpx:5:7: ' stderr.txt || fail "no line and column on stderr: $(cat stderr.txt)"
 "$qxgpx" missing.gpx >/dev/null 2>&1 && fail "a missing file was accepted"
 python3 -c 'n = 1000000
 print("<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" creator=\"deep\"><extensions>"
@@ -53,7 +54,7 @@ cmp -s from-json.gpx sample.out.gpx || fail "XML from JSON differs from XML from
 [ "$("$qxgpx" --in-format json sample.out.json.gz)" = "$summary" ] || fail "the compressed JSON reads otherwise"
 printf '{"gpx": {"@version": "1.1", "@creator": "x",\n "wpt": [{"@lat": 1, "@lon": }]}}' >bad.json
 "$qxgpx" bad.json >/dev/null 2>stderr.txt && fail "bad JSON was accepted"
-grep -q "found '}' at line 2, position 30" stderr.txt && grep -q 'Path: .gpx.wpt.wpt\[0\].@lon' stderr.txt ||
+grep -q "^bad.json:2:30: .*found '}' at line 2, position 30" stderr.txt && grep -q 'Path: .gpx.wpt.wpt\[0\].@lon' stderr.txt ||
     fail "no position or path for bad JSON: $(cat stderr.txt)"
 "$qxgpx" --format yaml >/dev/null 2>&1; [ $? -eq 2 ] || fail "an unknown format was accepted"
 

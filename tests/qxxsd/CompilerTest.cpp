@@ -105,10 +105,27 @@ const Refused kRefused[] = {
      "<xs:simpleType name='S'><xs:restriction base='xs:string'>\n<xs:length value='-2'/>"
      "</xs:restriction></xs:simpleType>",
      "3: error: the facet xs:length needs a non-negative integer, not \"-2\""},
-    {"pattern that does not compile",
+    {"pattern that does not close",
      "<xs:simpleType name='S'><xs:restriction base='xs:string'>\n"
-     "<xs:pattern value='[a-'/></xs:restriction></xs:simpleType>",
-     "is not a valid regular expression"},
+     "<xs:pattern value='x[ab'/></xs:restriction></xs:simpleType>",
+     "3: error: the pattern \"x[ab\" is not an XML Schema regular expression: missing closing bracket "
+     "(at character 2)"},
+    // Other dialects' syntax that PCRE would take: each is refused, in a list type's pattern too.
+    {"reluctant quantifier",
+     "<xs:simpleType name='S'><xs:restriction base='xs:token'>\n<xs:pattern value='[0-9]'/>\n"
+     "<xs:pattern value='a+?'/></xs:restriction></xs:simpleType>",
+     "4: error: the pattern \"a+?\" is not an XML Schema regular expression: reluctant and possessive "
+     "quantifiers are not XML Schema syntax (at character 3)"},
+    {"inline option",
+     "<xs:simpleType name='S'><xs:restriction><xs:simpleType><xs:list itemType='xs:int'/></xs:simpleType>\n"
+     "<xs:pattern value='(?i)x'/></xs:restriction></xs:simpleType>",
+     "3: error: the pattern \"(?i)x\" is not an XML Schema regular expression: (? (options, lookaround or "
+     "a named group) is not XML Schema syntax (at character 1)"},
+    {"unknown block",
+     "<xs:simpleType name='S'><xs:restriction base='xs:string'>\n"
+     "<xs:pattern value='\\p{IsKlingon}+'/></xs:restriction></xs:simpleType>",
+     "3: error: the pattern \"\\p{IsKlingon}+\" is not an XML Schema regular expression: unknown block "
+     "name [IsKlingon] (at character 1)"},
     {"undeclared prefix", "<xs:element name='a' type='u:T'/>",
      "2: error: the prefix u of \"u:T\" is not declared"},
     {"declared twice", "<xs:element name='a'/>\n<xs:element name='a'/>",

@@ -1,6 +1,6 @@
 // What the generated classes give their users beyond a verdict: the class that xsi:type or a
-// substitution group chooses, defaults and fixed values, setters that check, choices that hold one
-// member, simple-typed roots and nil members.
+// substitution group chooses, defaults and fixed values, setters that check (patterns with XML
+// Schema's meaning), choices that hold one member, simple-typed roots and nil members.
 
 #include "qxxsd/support/Cases.h"
 
@@ -10,10 +10,13 @@
 #include "facets.h"
 #include "groups.h"
 #include "nillable.h"
+#include "patterns.h"
 #include "simpleroot.h"
 #include "substitution.h"
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace QxXmlLib16;
 
@@ -100,6 +103,35 @@ TEST(GeneratedApi, SettersCheckTheFacetsOfTheirType) {
     EXPECT_EQ(L"AB12", record.GetCode());
     EXPECT_THROW(Facets::LevelFromText(L"high"), CQxInvalidValueException);
     EXPECT_EQ(Facets::Level_mid_high, Facets::LevelFromText(L"mid-high"));
+}
+
+// Generated code asks for XML Schema's reading of patterns; other dialects read each of these
+// otherwise.
+TEST(GeneratedApi, PatternsHaveTheirXmlSchemaMeaning) {
+    Patterns::CRecord record;
+    const std::vector<std::pair<const char*, std::function<void()>>> accepted = {
+        {"^ and $ are characters", [&] { record.SetMarked(std::wstring(L"^42$")); }},
+        {"\\d takes every decimal digit", [&] { record.SetDigits(std::wstring(L"\u0663\u0664")); }},
+        {"\\w takes letters beyond ASCII", [&] { record.SetWord(std::wstring(L"h\u00E9llo")); }},
+        {"a block name", [&] { record.GetGreek()->Add(L"\u03B1\u03B2"); }},
+        {"both steps of a chain", [&] { record.SetUpper(std::wstring(L"xbc")); }},
+    };
+    for (const auto& setter : accepted)
+        EXPECT_NO_THROW(setter.second()) << setter.first;
+    const std::vector<std::pair<const char*, std::function<void()>>> refused = {
+        {"subtraction", [&] { record.SetConsonants(std::wstring(L"bad")); }},
+        {"^ is no anchor", [&] { record.SetMarked(std::wstring(L"42")); }},
+        {"\\w leaves out punctuation", [&] { record.SetWord(std::wstring(L"a-b")); }},
+        {"\\c minus a class", [&] { record.SetLabel(std::wstring(L"a.b")); }},
+        {"the dot stops at a line feed", [&] { record.SetLine(std::wstring(L"a\nb")); }},
+        {"a block name, in a collection", [&] { record.GetGreek()->Add(L"alpha"); }},
+        {"\\S minus \\d, on a list", [&] { record.SetCodes(std::wstring(L"ab c1")); }},
+        {"the base's step of a chain", [&] { record.SetUpper(std::wstring(L"xa")); }},
+        {"the derived step of a chain", [&] { record.SetUpper(std::wstring(L"fg")); }},
+    };
+    for (const auto& setter : refused)
+        EXPECT_THROW(setter.second(), CQxException) << setter.first;
+    EXPECT_EQ(L"xbc", *record.GetUpper());
 }
 
 TEST(GeneratedApi, AChoiceHoldsOneMember) {

@@ -17,6 +17,7 @@
 #include "lists.h"
 #include "names.h"
 #include "nillable.h"
+#include "patterns.h"
 #include "restriction.h"
 #include "sequence.h"
 #include "simpleroot.h"
@@ -45,6 +46,7 @@ const std::map<std::string, const CDocumentRoots& (*)()> kRoots = {
     {"lists", &Lists::DocumentRoots},
     {"names", &Names::DocumentRoots},
     {"nillable", &Nillable::DocumentRoots},
+    {"patterns", &Patterns::DocumentRoots},
     {"restriction", &Restriction::DocumentRoots},
     {"sequence", &Sequence::DocumentRoots},
     {"simpleroot", &Simpleroot::DocumentRoots},

@@ -76,11 +76,15 @@ TEST(DecimalTest, InvalidTextIsReportedAtItsPositionAndLeavesTheValue) {
 }
 
 // Runs longer than the 511 integer or fraction digits or 31 exponent digits the text form supports, and
-// exponents beyond 1000, are rejected at the first digit too many.
+// exponents beyond 1000, are rejected at the first digit too many; an exponent that would give more
+// than 511 integer digits, at its first digit, so that every value read has a text that reads back.
 TEST(DecimalTest, RejectsDigitRunsBeyondTheSupportedRange) {
     const std::wstring nines(511, L'9');
     EXPECT_EQ(Canonical(nines), nines);
-    EXPECT_EQ(Canonical(L"1e1000"), L"1" + std::wstring(1000, L'0'));
+    EXPECT_EQ(Canonical(L"1e510"), L"1" + std::wstring(510, L'0'));
+    EXPECT_EQ(Canonical(L"-00.00" + nines.substr(2) + L"e513"), L"-" + nines.substr(2) + L"00");
+    EXPECT_EQ(Canonical(L"0.0e1000"), L"0");
+    EXPECT_EQ(Canonical(L"1e-1000"), L"0");
     EXPECT_EQ(Canonical(L"1e" + std::wstring(30, L'0') + L"2"), L"100");
     const std::pair<std::wstring, int> cases[] = {
         {nines + L"9", 511},
@@ -88,6 +92,10 @@ TEST(DecimalTest, RejectsDigitRunsBeyondTheSupportedRange) {
         {L"0." + nines + L"9", 513},
         {L"1e" + std::wstring(32, L'0'), 33},
         {L"1e1001", 5},
+        {L"1e511", 2},
+        {L"-9e999", 3},
+        {L"0.001e514", 6},
+        {L"1.5e 511", 5},
         {L"1e-99999999999999999999", 6},
     };
     for (const auto& [text, position] : cases)

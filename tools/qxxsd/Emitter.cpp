@@ -60,6 +60,16 @@ std::vector<std::wstring> NamespaceParts(const std::wstring& cppNamespace) {
     return parts;
 }
 
+// The fields of a facet record in the order its constructor and the typed collections take them,
+// from the pattern to fractionDigits.
+std::wstring FacetArguments(const Facets& f) {
+    return Literal(f.patterns.empty() ? std::wstring() : f.patterns.front()) + L", " +
+           std::to_wstring(f.minLength) + L", " + std::to_wstring(f.maxLength) + L", " + Literal(f.minInclusive) +
+           L", " + Literal(f.maxInclusive) + L", " + Literal(f.minExclusive) + L", " + Literal(f.maxExclusive) +
+           L", " + std::to_wstring(f.length) + L", " + std::to_wstring(f.totalDigits) + L", " +
+           std::to_wstring(f.fractionDigits);
+}
+
 } // namespace
 
 CEmitter::CEmitter(const CodeModel& model, EmitOptions options)
@@ -174,13 +184,8 @@ std::wstring CEmitter::NewCollection(const MemberPlan& member) const {
                    WhitespaceName(value.whitespace) + L")";
         const Facets none;
         const Facets& f = value.facets ? *value.facets : none;
-        return L"new " + CollectionType(member) + L"(" + name + counts + L", " +
-               Literal(f.patterns.empty() ? std::wstring() : f.patterns.front()) + L", " +
-               std::to_wstring(f.minLength) + L", " + std::to_wstring(f.maxLength) + L", " +
-               Literal(f.minInclusive) + L", " + Literal(f.maxInclusive) + L", " + Literal(f.minExclusive) +
-               L", " + Literal(f.maxExclusive) + L", " + std::to_wstring(f.length) + L", " +
-               std::to_wstring(f.totalDigits) + L", " + std::to_wstring(f.fractionDigits) + L", " +
-               WhitespaceName(value.whitespace) + L", L\"\")";
+        return L"new " + CollectionType(member) + L"(" + name + counts + L", " + FacetArguments(f) + L", " +
+               WhitespaceName(value.whitespace) + L", L\"\", pmExact)";
     }
     case MemberPlan::Wildcard:
         return L"new CElementCol(L\"\", " + Literal(member.rule) + L", " + NamespaceOf(member.ruleTarget) +
@@ -706,13 +711,8 @@ std::wstring CEmitter::ValueDefinitions() const {
         if (!value->facetsName.empty()) {
             const Facets& f = *value->facets;
             text += L"\nconst CPrimitiveRestrictions& " + value->facetsName + L"() {\n";
-            text += L"    static const CPrimitiveRestrictions facets(" +
-                    Literal(f.patterns.empty() ? std::wstring() : f.patterns.front()) + L", " +
-                    std::to_wstring(f.minLength) + L", " + std::to_wstring(f.maxLength) + L", " +
-                    Literal(f.minInclusive) + L", " + Literal(f.maxInclusive) + L", " +
-                    Literal(f.minExclusive) + L", " + Literal(f.maxExclusive) + L", " +
-                    std::to_wstring(f.length) + L", " + std::to_wstring(f.totalDigits) + L", " +
-                    std::to_wstring(f.fractionDigits) + L");\n    return facets;\n}\n";
+            text += L"    static const CPrimitiveRestrictions facets(" + FacetArguments(f) +
+                    L", pmExact);\n    return facets;\n}\n";
         }
         if (!value->checkName.empty()) {
             text += L"\n" + Comment(value->xmlName +

@@ -122,7 +122,7 @@ struct CPlanner::Impl {
         return restricted[type] = result;
     }
 
-    // Facet values that cannot be values of the type, or patterns that cannot be compiled.
+    // Facet values that cannot be values of the type.
     void CheckFacets(const SimpleType* type, const Restricted& result) {
         const Facets& own = type->facets;
         const int item = result.builtin->itemType;
@@ -149,8 +149,6 @@ struct CPlanner::Impl {
             throw CSchemaError(where, L"minLength is greater than maxLength");
         if (result.facets.totalDigits >= 0 && result.facets.fractionDigits > result.facets.totalDigits)
             throw CSchemaError(where, L"fractionDigits is greater than totalDigits");
-        for (const std::wstring& pattern : own.patterns)
-            CheckPattern(pattern, where);
         if (!result.builtin->stringLike) {
             for (const std::wstring& value : own.enumerations) {
                 try {
@@ -161,15 +159,6 @@ struct CPlanner::Impl {
                                                   TypeName(type) + L": " + e.GetMessage());
                 }
             }
-        }
-    }
-
-    void CheckPattern(const std::wstring& pattern, const Location& where) {
-        try {
-            TestRegEx(Utf8(pattern), L"");
-        } catch (const CQxException& e) {
-            throw CSchemaError(where, L"the pattern \"" + pattern +
-                                          L"\" is not a valid regular expression: " + e.GetMessage());
         }
     }
 
@@ -246,7 +235,7 @@ struct CPlanner::Impl {
         if (plan->kind == ValuePlan::Text) {
             plan->checkName = names.Claim(L"Check" + BaseName(type));
             for (const std::wstring& pattern : r.patternSteps)
-                plan->checkBody.push_back(L"CheckPattern(name, text, " + Literal(pattern) + L");");
+                plan->checkBody.push_back(L"CheckPattern(name, text, " + Literal(pattern) + L", pmExact);");
             plan->checkBody.push_back(
                 L"CheckValue(" + ItemTypeName(item) + L", name, text, " + WhitespaceName(r.whitespace) +
                 L", " +
@@ -317,11 +306,9 @@ struct CPlanner::Impl {
         plan->whitespace = Whitespace::Collapse;
         plan->checkName = names.Claim(L"Check" + BaseName(named));
         const std::wstring itemCheck = TextCheck(ValueOf(item));
-        for (const std::wstring& pattern : own.patterns)
-            CheckPattern(pattern, own.where);
         if (!own.patterns.empty())
             plan->checkBody.push_back(L"CheckPattern(name, text, " + Literal(JoinPatterns(own.patterns)) +
-                                      L");");
+                                      L", pmExact);");
         Facets lengths = type->facets;
         for (auto field : {&Facets::length, &Facets::minLength, &Facets::maxLength})
             if (own.*field >= 0) lengths.*field = own.*field;
@@ -368,11 +355,9 @@ struct CPlanner::Impl {
         plan->itemType = itString;
         plan->whitespace = Whitespace::Collapse;
         plan->checkName = names.Claim(L"Check" + BaseName(type));
-        for (const std::wstring& pattern : type->facets.patterns)
-            CheckPattern(pattern, type->facets.where);
         if (!type->facets.patterns.empty())
             plan->checkBody.push_back(L"CheckPattern(name, text, " +
-                                      Literal(JoinPatterns(type->facets.patterns)) + L");");
+                                      Literal(JoinPatterns(type->facets.patterns)) + L", pmExact);");
         plan->checkBody.push_back(TextCheck(ValueOf(type->base)) + L"(name, text);");
         if (!type->facets.enumerations.empty())
             plan->checkBody.push_back(
@@ -739,7 +724,7 @@ struct CPlanner::Impl {
     static CPrimitiveRestrictions Record(const Facets& f) {
         return CPrimitiveRestrictions(f.patterns.empty() ? std::wstring() : f.patterns.front(), f.minLength,
                                       f.maxLength, f.minInclusive, f.maxInclusive, f.minExclusive,
-                                      f.maxExclusive, f.length, f.totalDigits, f.fractionDigits);
+                                      f.maxExclusive, f.length, f.totalDigits, f.fractionDigits, pmExact);
     }
 
     ClassPlan* NamedGroupClass(const NamedGroup* group) {

@@ -1,6 +1,7 @@
 #include "SchemaReader.h"
 
 #include "Builtins.h"
+#include "CodeText.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
@@ -31,6 +32,20 @@ bool Has(const CXmlElement* element, const wchar_t* name) {
     for (const CXmlAttribute* attribute : element->GetAttributes())
         if (attribute->GetLocalName() == name && attribute->GetNamespaceURI().empty()) return true;
     return false;
+}
+
+// Generated code reads patterns with XML Schema's grammar and meaning, so a pattern is refused here
+// by that grammar, and by the matcher for what it cannot take, rather than on the first value read.
+void CheckPattern(const std::wstring& pattern, const Location& where) {
+    if (const std::optional<CPatternError> error = CheckXmlSchemaPattern(pattern))
+        throw CSchemaError(where, L"the pattern \"" + pattern + L"\" is not an XML Schema regular expression: " +
+                                      error->reason + L" (at character " + std::to_wstring(error->position + 1) +
+                                      L")");
+    try {
+        TestRegEx(Utf8(pattern), L"", pmExact);
+    } catch (const CQxException& e) {
+        throw CSchemaError(where, L"the pattern \"" + pattern + L"\" cannot be matched: " + e.GetMessage());
+    }
 }
 
 std::optional<std::wstring> Optional(const CXmlElement* element, const wchar_t* name) {
@@ -417,6 +432,7 @@ void CSchemaReader::ReadFacet(const Context& context, const CXmlElement* element
     if (kind == L"enumeration") {
         facets.enumerations.push_back(value);
     } else if (kind == L"pattern") {
+        CheckPattern(value, where);
         facets.patterns.push_back(value);
     } else if (kind == L"length") {
         count(facets.length);

@@ -35,8 +35,9 @@ class QxVariant;
 // A check of one simple type, generated for the types these functions combine.
 typedef void (*TextCheckFunction)(const wchar_t* name, const std::wstring& text);
 
-// The whole text must match the XML Schema pattern.
-QX_API void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern);
+// The whole text must match the XML Schema pattern, read in the given mode.
+QX_API void CheckPattern(const wchar_t* name, const std::wstring& text, const wchar_t* pattern,
+                         PatternMode mode = pmTranslated);
 // The text, under the whitespace rule, must convert to the kind and satisfy the facets.
 QX_API void CheckValue(ItemType kind, const wchar_t* name, const std::wstring& text,
                        CWhitespaceUtils::WhitespaceRule rule, const CPrimitiveRestrictions& facets);

@@ -19,8 +19,8 @@ class QxVariant;
 
 namespace QxXmlLib16Data {
 
-// Model group of a class's content.
-enum XmlElementGroupType : int {
+// Model group of a class's content (exported, as ContentKind is).
+enum QX_API XmlElementGroupType : int {
     egSequence = 0,
     egChoice = 1,
     egAll = 2,

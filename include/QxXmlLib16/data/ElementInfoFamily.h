@@ -17,7 +17,10 @@
 
 namespace QxXmlLib16Data {
 
-enum ContentKind : int {
+// The descriptor templates are instantiated in the library over these enumerations; they are
+// exported so that clang, which gives an instantiation the visibility of its arguments, exports the
+// instantiations too.
+enum QX_API ContentKind : int {
     ckClass,         // a child object of a known generated class
     ckAbstractClass, // a child object whose class a factory chooses from its element
     ckPrimitive,     // a primitive value
@@ -29,7 +32,7 @@ constexpr bool IsClassContent(ContentKind kind) {
     return kind == ckClass || kind == ckAbstractClass;
 }
 
-enum Cardinality : int {
+enum QX_API Cardinality : int {
     cdMandatory,
     cdOptional,
 };

@@ -20,9 +20,9 @@ public:
     // Deep copy of the exact dynamic class, owned by the caller.
     virtual CQxException* Clone() const;
 
-    // Copies the message and a clone of the other's inner exception. Kept as it always was: the
-    // path stays as it was, and an inner exception held before is not destroyed, so assign only to
-    // exceptions that have none.
+    // Copies the message, its position and a clone of the other's inner exception. Kept as it always
+    // was: the path stays as it was, and an inner exception held before is not destroyed, so assign
+    // only to exceptions that have none.
     CQxException& operator=(const CQxException& other);
 
     const std::wstring& GetMessage() const { return m_message; }
@@ -31,10 +31,21 @@ public:
     // This message and those of the inner chain, outermost first, one per line.
     std::wstring GetFullMessage() const;
 
+    // Where in the XML text of a load the failure lies: the line and column of the offending node
+    // (or of the parser when the text itself is malformed), both from 1; 0 when unknown. Errors of
+    // loads from Fast Infoset or JSON, and of anything but a load, have none. The message is left
+    // as it is, so that its text stays the same whether or not a position is known.
+    unsigned long GetLine() const { return m_line; }
+    unsigned long GetColumn() const { return m_column; }
+    bool HasPosition() const { return m_line != 0; }
+    void SetPosition(unsigned long line, unsigned long column);
+
 private:
     std::wstring m_message;
     std::wstring m_path;
     CQxException* m_inner;
+    unsigned long m_line = 0;
+    unsigned long m_column = 0;
 };
 
 // A bad argument passed to an operation.

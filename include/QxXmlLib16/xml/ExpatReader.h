@@ -56,6 +56,12 @@ public:
     static void FnText(void* userData, const unsigned short* text, int length);
     static void FnStartCDATA(void* userData);
     static void FnEndCDATA(void* userData);
+    // Nothing outside the document is ever read: a reference to an external entity, or to an entity
+    // that only the unread external DTD subset could declare, is refused instead of dropped.
+    static int FnExternalEntity(XML_ParserStruct* parser, const unsigned short* context,
+                                const unsigned short* base, const unsigned short* systemId,
+                                const unsigned short* publicId);
+    static void FnSkippedEntity(void* userData, const unsigned short* name, int isParameterEntity);
 
 private:
     // Wide copy of length units (or up to the terminator when length is negative) in the scratch
@@ -92,6 +98,9 @@ private:
     // texts (such as the indentation between children) instead of building each piece by piece.
     // One buffer per depth, reused from element to element.
     std::vector<std::wstring> m_pendingText;
+    // With an element-complete callback, the depths whose pending text is not empty: every end
+    // flushes them, and a deep document must not cost a visit of every open element each time.
+    std::vector<size_t> m_unflushed;
 
     // The input not yet handed to the parser, and the state of a parse run piece by piece.
     const unsigned char* m_data = nullptr;

@@ -18,6 +18,7 @@ class CExpatReader;
 class CFastInfosetReader;
 namespace internal {
 struct CDocumentStore;
+class CErrorLocator;
 class CSourceIndex;
 class CStreamedLoad;
 } // namespace internal
@@ -43,9 +44,10 @@ public:
     // Drops the tree, the input and the aliases.
     virtual void Cleanup();
 
-    // Reads a whole file. Throws "Failed to open the file [%ls].", "Failed to get the size of the
-    // file [%ls] Error [%d]" or "Failed to read the contents of the file [%ls] Error [%d]" (also for
-    // an empty file).
+    // Reads a whole file; with an element-complete callback, a file of XML text is parsed as it is
+    // read, in pieces of 1 MiB, so that memory stays bounded by what the callback keeps. Throws
+    // "Failed to open the file [%ls].", "Failed to get the size of the file [%ls] Error [%d]" or
+    // "Failed to read the contents of the file [%ls] Error [%d]" (also for an empty file).
     void Load(const wchar_t* fileName);
     // Loads bytes: XML text or Fast Infoset, compressed or not. Throws "XML Stream is empty!" for
     // length 0.
@@ -122,6 +124,7 @@ private:
     friend class CExpatReader;
     friend class CFastInfosetReader;
     friend class internal::CStreamedLoad;
+    friend class internal::CErrorLocator;
 
     void ParseText(const unsigned char* data, unsigned long length, bool utf16Input = false);
     // False when the bytes are no Fast Infoset document.
@@ -129,6 +132,9 @@ private:
     void TakeInput(const unsigned char* data, unsigned long length);
     // Reads the whole file into the input buffer.
     void ReadInputFile(const wchar_t* fileName);
+    // Parses a file of XML text piece by piece, keeping no input; false, having read nothing into
+    // the document, when the file is empty, compressed or Fast Infoset.
+    bool StreamTextFile(const wchar_t* fileName);
     // The positions of the tree, built on first use; null when they cannot be known.
     const internal::CSourceIndex* SourceIndex() const;
     // Names are interned in the document's table, or in one process-wide table for nodes that

@@ -91,6 +91,9 @@ private:
     void DestroyChildren();
     // Replaces the text: shared with the document when the document keeps such text, else owned.
     void SetText(const wchar_t* text, size_t length);
+    // Appends text, leaving it empty; a long text that the element does not have yet is moved in,
+    // not copied, so that one enormous text never stands twice in memory.
+    void TakeText(std::wstring& text);
     void ReleaseText();
     // Drops the children, attributes and text, keeping the element itself (its name and place).
     void ReleaseContent();

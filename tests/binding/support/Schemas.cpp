@@ -1,6 +1,7 @@
 #include "binding/support/Schemas.h"
 
 #include "binding/support/ContentSchema.h"
+#include "binding/support/Crate.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/TestSchema.h"
