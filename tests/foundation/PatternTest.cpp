@@ -231,6 +231,10 @@ TEST(ExactPatterns, XmlSchemaMeaningOfEveryConstruct) {
         {"a{2,}", L"aaaa", true},
         {"a{0}", L"", true},
         {"x?y+z*", L"yy", true},
+        // The whole value must match: an alternative that matches only a prefix does not hide a
+        // later one that matches it all.
+        {"a|ab", L"ab", true},
+        {"\\d|\\d\\d", L"12", true},
     };
     for (const Case& c : cases)
         EXPECT_EQ(TestRegEx(c.pattern, c.value, pmExact), c.matches) << c.pattern;

@@ -28,6 +28,12 @@ std::wstring MessageOf(const std::function<void()>& call) {
     return L"(no exception)";
 }
 
+// The sign of a - b.
+int Order(const RefDecimal& a, const RefDecimal& b) {
+    const int order = cmp(a.value * QxTest::Pow10(b.scale), b.value * QxTest::Pow10(a.scale));
+    return (order > 0) - (order < 0);
+}
+
 std::wstring ParseError(const std::wstring& text) {
     return MessageOf<CQxInvalidValueException>([&] { CDecimal(text.c_str()); });
 }
@@ -196,8 +202,11 @@ TEST(DecimalTest, AgreesWithGmpOnRandomOperands) {
         if (rb.value != 0) {
             EXPECT_EQ((x / y).ToString(), QxTest::RefToString(QxTest::RefDivide(ra, rb, 30)));
         }
-        const int order = cmp(ra.value * QxTest::Pow10(rb.scale), rb.value * QxTest::Pow10(ra.scale));
-        EXPECT_EQ(x.CompareTo(y), (order > 0) - (order < 0));
+        EXPECT_EQ(x.CompareTo(y), Order(ra, rb));
+        // A neighbour of the same sign and integer part, so that the fraction digits alone decide.
+        const std::string near = a.substr(0, a.size() - 1);
+        EXPECT_EQ(x.CompareTo(CDecimal(Widen(near).c_str())),
+                  Order(ra, QxTest::RoundHalfTowardZero(QxTest::RefFromText(near), 30)));
 
         const int exponent = static_cast<int>(rng() % 41) - 20;
         RefDecimal scaled = QxTest::RefFromText(a);
