@@ -2,6 +2,8 @@
 // enormous text, elements with a great many attributes or namespace declarations, a great many
 // siblings. Sizes stay modest here; bench/hostile_bench.cpp measures time and memory at full size.
 
+#include "support/TempFile.h"
+
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/xml/XmlAttribute.h>
@@ -14,27 +16,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <unistd.h>
 
 using namespace QxXmlLib16;
 
 namespace {
-
-class TempFile {
-public:
-    explicit TempFile(const std::string& bytes) {
-        std::string name = testing::TempDir() + "qxhugeXXXXXX";
-        const int fd = mkstemp(&name[0]);
-        EXPECT_EQ(static_cast<ssize_t>(bytes.size()), write(fd, bytes.data(), bytes.size()));
-        close(fd);
-        m_name = name;
-    }
-    ~TempFile() { std::remove(m_name.c_str()); }
-    std::wstring Name() const { return std::wstring(m_name.begin(), m_name.end()); }
-
-private:
-    std::string m_name;
-};
 
 // What the callback below saw: every <p> is counted, its text summed up and dropped; the rest stays.
 struct Seen {

@@ -1,3 +1,5 @@
+#include "support/TempFile.h"
+
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/xml/XmlAttribute.h>
@@ -14,7 +16,6 @@
 #include <tuple>
 #include <vector>
 #include <sys/resource.h>
-#include <unistd.h>
 
 using namespace QxXmlLib16;
 
@@ -29,23 +30,6 @@ std::wstring LoadError(const std::function<void(CXmlDocument&)>& load) {
     }
     return L"(nothing thrown)";
 }
-
-// A file in the system's temporary folder, removed at the end of the test.
-class TempFile {
-public:
-    explicit TempFile(const std::string& bytes) {
-        std::string name = testing::TempDir() + "qxxmlXXXXXX";
-        const int fd = mkstemp(&name[0]);
-        EXPECT_EQ(static_cast<ssize_t>(bytes.size()), write(fd, bytes.data(), bytes.size()));
-        close(fd);
-        m_name = name;
-    }
-    ~TempFile() { std::remove(m_name.c_str()); }
-    std::wstring Name() const { return std::wstring(m_name.begin(), m_name.end()); }
-
-private:
-    std::string m_name;
-};
 
 } // namespace
 
