@@ -20,7 +20,9 @@ std::wstring BothIgnoresRefused(const wchar_t* setOption, const wchar_t* request
 CSerializationContext CSerializationContext::m_defaultContext;
 
 CSerializationContext::CSerializationContext()
-    : m_writeTypeAttribute(true)
+    : m_fiContext(std::make_shared<CFastInfosetContext>())
+    , m_jsonContext(std::make_shared<CJsonContext>())
+    , m_writeTypeAttribute(true)
     , m_ignoreInvalidCollectionCounts(false)
     , m_ignoreMissingChoice(false)
     , m_ignoreMissingMandatoryElements(false)
@@ -59,7 +61,6 @@ CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() co
 }
 
 CFastInfosetContext* CSerializationContext::GetFIContext() const {
-    if (!m_fiContext) m_fiContext = std::make_shared<CFastInfosetContext>();
     return m_fiContext.get();
 }
 
@@ -72,7 +73,6 @@ void CSerializationContext::SetIndentChars(const wchar_t* indent) {
 }
 
 CJsonContext* CSerializationContext::GetJsonContext() const {
-    if (!m_jsonContext) m_jsonContext = std::make_shared<CJsonContext>();
     return m_jsonContext.get();
 }
 

@@ -2,6 +2,7 @@
 // point, the encoding or the compression of the text; the messages stay as they are.
 
 #include "GpxBindings.h"
+#include "support/TempFile.h"
 #include "support/Failure.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
@@ -122,7 +123,7 @@ std::string Compressed(std::string bytes, CompressionType type) {
 }
 
 std::wstring TempFile(const std::string& bytes) {
-    const std::string path = testing::TempDir() + "qx-error-position.gpx";
+    const std::string path = TempPath("qx-error-position.gpx");
     std::ofstream(path, std::ios::binary) << bytes;
     return std::wstring(path.begin(), path.end());
 }

@@ -5,6 +5,7 @@
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/Trips.h"
 #include "foundation/support/MessageOf.h"
+#include "support/TempFile.h"
 #include "support/Failure.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
@@ -151,7 +152,7 @@ TEST(EntryPoints, StreamsFilesAndElements) {
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetLength()),
               std::string(text.begin(), text.end()));
 
-    const std::string path = testing::TempDir() + "entry_points.xml";
+    const std::string path = TempPath("entry_points.xml");
     std::remove(path.c_str());
     EXPECT_EQ(MessageOf<CQxException>([&] {
                   trip->ToXmlFile(std::wstring(path.begin(), path.end()).c_str(), true, true, encUTF8, eolLF,

@@ -6,6 +6,7 @@
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/Schemas.h"
 #include "binding/support/Trips.h"
+#include "support/TempFile.h"
 #include "support/Documents.h"
 #include "support/Failure.h"
 
@@ -60,7 +61,7 @@ const wchar_t kCrateInOrder[] =
 // A GPX document of thousands of points made by the shared generator, once.
 std::string Generated() {
     static const std::string path = [] {
-        const std::string file = testing::TempDir() + "generated.gpx";
+        const std::string file = TempPath("generated.gpx");
         const std::string command = "python3 '" + Documents::Shared("../tools/gen_gpx.py") +
                                     "' --points 3000 --waypoints 20 --routes 3 -o '" + file + "'";
         return std::system(command.c_str()) == 0 ? file : std::string("(not generated)");
@@ -202,7 +203,7 @@ TEST(RoundTripForms, EveryLayoutEncodingAndCompression) {
     EXPECT_NE(indented.find(L"\n  <AA:title>"), std::wstring::npos);
     expectSame([&](TestSchema::CTrip& copy) { copy.FromXml(indented.c_str()); });
 
-    const std::string path = testing::TempDir() + "round_trip.xml";
+    const std::string path = TempPath("round_trip.xml");
     for (XmlEncoding encoding : {encUTF8, encUTF16})
         for (CompressionType compression : {ctNone, ctGzip, ctZlib}) {
             SCOPED_TRACE(testing::Message() << "encoding " << encoding << " compression " << compression);

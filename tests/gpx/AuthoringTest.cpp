@@ -2,6 +2,7 @@
 // prints is computed from them correctly.
 
 #include "GpxSummary.h"
+#include "support/TempFile.h"
 #include "support/Documents.h"
 
 #include <gtest/gtest.h>
@@ -35,7 +36,7 @@ CSmartPtr<Gpx::CGpx> BuiltDocument() {
 
 TEST(Authoring, BuiltDocumentWritesValidAndReadsBack) {
     const CSmartPtr<Gpx::CGpx> gpx = BuiltDocument();
-    const std::string path = testing::TempDir() + "authored.gpx";
+    const std::string path = TempPath("authored.gpx");
     gpx->ToXmlFile(std::wstring(path.begin(), path.end()).c_str());
     EXPECT_EQ(Documents::XmllintFileErrors(path, Documents::Shared("gpx/gpx.xsd")), "");
 

@@ -3,6 +3,7 @@
 
 #include "GpxBindings.h"
 #include "GpxNamespaces.h"
+#include "support/TempFile.h"
 #include "support/Documents.h"
 #include "json/support/PythonJson.h"
 
@@ -88,7 +89,7 @@ TEST(LongDecimalsJson, EveryDigitKeptAsANumber) {
 }
 
 TEST(GeneratedJson, RoundTripsThroughJsonAtLevelTwo) {
-    const std::string path = testing::TempDir() + "generated-json.gpx";
+    const std::string path = TempPath("generated-json.gpx");
     const std::string command = "python3 '" + Documents::Shared("../tools/gen_gpx.py") +
                                 "' --points 3000 --waypoints 20 --routes 3 -o '" + path + "'";
     ASSERT_EQ(std::system(command.c_str()), 0);

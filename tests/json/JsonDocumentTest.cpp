@@ -1,6 +1,7 @@
 // The document's JSON loading forms: every source gives the same XML text, and bad bytes fail
 // clearly.
 
+#include "support/TempFile.h"
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/QxZip.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
@@ -30,7 +31,7 @@ std::string Text(const CBinaryData& bytes) {
 }
 
 std::string FileWith(const std::string& bytes) {
-    const std::string path = testing::TempDir() + "document_test.json";
+    const std::string path = TempPath("document_test.json");
     std::ofstream(path, std::ios::binary) << bytes;
     return path;
 }

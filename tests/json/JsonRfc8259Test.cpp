@@ -4,6 +4,7 @@
 #include "json/support/Handlers.h"
 #include "json/support/PythonJson.h"
 
+#include "support/TempFile.h"
 #include <QxXmlLib16/foundation/TextStream.h>
 #include <QxXmlLib16/json/JsonTextReader.h>
 #include <QxXmlLib16/json/JsonTextWriter.h>
@@ -137,7 +138,7 @@ TEST(JsonRfc8259, EveryStringReadsBackThroughOurReader) {
 TEST(JsonRfc8259, EveryStringReadsBackThroughPython) {
     const std::vector<std::wstring> strings = RandomStrings(kStrings);
     const std::string document = PythonJson::WriteUtf8File("rfc8259.json", Document(strings, true));
-    const std::string expected = testing::TempDir() + "rfc8259.expected";
+    const std::string expected = TempPath("rfc8259.expected");
     {
         std::ofstream out(expected);
         for (const std::wstring& text : strings) {

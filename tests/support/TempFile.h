@@ -6,6 +6,12 @@
 #include <string>
 #include <unistd.h>
 
+// A path in the system's temporary folder that no other test process uses: ctest runs tests in
+// parallel processes, and several of them may write a file of the same name at once.
+inline std::string TempPath(const std::string& name) {
+    return testing::TempDir() + "qx" + std::to_string(getpid()) + "-" + name;
+}
+
 // A file of the given bytes in the system's temporary folder, removed at the end of the test.
 class TempFile {
 public:

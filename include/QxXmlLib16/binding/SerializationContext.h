@@ -81,16 +81,17 @@ public:
     CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
     // Lets writers skip the additional root attributes without creating the collection.
     bool HasAdditionalRootAttributes() const { return static_cast<bool>(m_additionalRootAttributes); }
-    // The JSON options, created on first use and shared with copies of the context.
+    // The JSON options, shared with copies of the context.
     CJsonContext* GetJsonContext() const;
 
-    // The Fast Infoset settings: created on first use, shared with copies of the context.
+    // The Fast Infoset settings, shared with copies of the context.
     CFastInfosetContext* GetFIContext() const;
 
 private:
-    // Created on first use by their getters and shared between copies of a context.
-    mutable std::shared_ptr<CFastInfosetContext> m_fiContext;
-    mutable std::shared_ptr<CJsonContext> m_jsonContext;
+    // Made with the context rather than on first use, so that threads sharing a context (the
+    // default one, say) never race to create them; shared between copies of a context.
+    std::shared_ptr<CFastInfosetContext> m_fiContext;
+    std::shared_ptr<CJsonContext> m_jsonContext;
     std::wstring m_defaultNamespaceURI;
     bool m_writeTypeAttribute;
     CNamespaceAliasMap m_namespaceAliases;

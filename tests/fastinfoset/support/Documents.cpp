@@ -52,7 +52,7 @@ std::vector<std::string> GpxFiles() {
 }
 
 std::string GeneratedGpx(int points) {
-    const std::string path = FiTesting::TempPath("generated-" + std::to_string(points) + ".gpx");
+    const std::string path = TempPath("generated-" + std::to_string(points) + ".gpx");
     if (!fs::exists(path)) {
         const std::string command = "python3 \"" + std::string(QX_SHARED_DATA_DIR) +
                                     "/../tools/gen_gpx.py\" --points " + std::to_string(points) + " -o \"" +

@@ -64,10 +64,6 @@ std::string SharedData(const std::string& relative) {
     return std::string(QX_SHARED_DATA_DIR) + "/" + relative;
 }
 
-std::string TempPath(const std::string& name) {
-    return testing::TempDir() + "fastinfoset_" + name;
-}
-
 Octets ReadFile(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return Octets(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());

@@ -2,6 +2,8 @@
 
 // Octets, documents and trees shared by the Fast Infoset tests, and the reference implementation.
 
+#include "support/TempFile.h"
+
 #include <QxXmlLib16/QxXmlLib16.h>
 
 #include <cstdint>
@@ -25,7 +27,6 @@ Octets Body(const Octets& document);
 Octets Compressed(const Octets& octets, bool gzip);
 
 std::string SharedData(const std::string& relative);
-std::string TempPath(const std::string& name);
 Octets ReadFile(const std::string& path);
 void WriteFile(const std::string& path, const Octets& octets);
 void WriteFile(const std::string& path, const std::wstring& text); // as UTF-8
