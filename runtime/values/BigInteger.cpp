@@ -35,6 +35,8 @@ unsigned long long Magnitude(long long value) {
 
 // ---- Digit vector ------------------------------------------------------------------------------
 
+static_assert(sizeof(CBigInteger) == 32, "a decimal holds two, and large loads hold many decimals");
+
 void CBigInteger::Digits::Grow(std::size_t count) {
     const std::size_t capacity = std::max<std::size_t>(count, 2 * m_capacity);
     Digit* grown = new Digit[capacity];
@@ -82,11 +84,8 @@ CBigInteger::Digit* CBigInteger::Digits::erase(Digit* first, Digit* last) {
 void CBigInteger::Digits::swap(Digits& other) noexcept {
     std::swap(m_size, other.m_size);
     std::swap(m_capacity, other.m_capacity);
-    // The in-place bytes move as they are, whether they hold digits or the heap pointer.
-    Digit bytes[kInline];
-    std::copy(m_inline, m_inline + kInline, bytes);
-    std::copy(other.m_inline, other.m_inline + kInline, m_inline);
-    std::copy(bytes, bytes + kInline, other.m_inline);
+    // The place moves as it is, whether it holds digits or the heap pointer.
+    std::swap(m_place, other.m_place);
 }
 
 // ---- Integer -----------------------------------------------------------------------------------

@@ -24,9 +24,9 @@ public:
     // values of documents (coordinates, amounts, counts) then cost no allocation at all.
     class QX_API Digits {
     public:
-        // Twelve, so that a CBigInteger takes 32 bytes and a CDecimal 80: a document's decimals
-        // stand in every object of a large load.
-        static constexpr std::size_t kInline = 12;
+        // As many as the heap pointer has bytes, so that a CBigInteger takes 32 bytes and a
+        // CDecimal 80: a document's decimals stand in every object of a large load.
+        static constexpr std::size_t kInline = sizeof(Digit*);
 
         Digits() noexcept
             : m_size(0)
@@ -89,23 +89,23 @@ public:
 
     private:
         bool IsHeap() const { return m_capacity > kInline; }
-        Digit* Data() { return IsHeap() ? Heap() : m_inline; }
-        const Digit* Data() const { return IsHeap() ? Heap() : m_inline; }
-        // The heap pointer shares the bytes of the in-place digits, unaligned, so that the digit
-        // vector needs no more than 4-byte alignment and packs behind the sign.
-        Digit* Heap() const {
-            Digit* heap;
-            std::memcpy(&heap, m_inline, sizeof heap);
-            return heap;
-        }
-        void SetHeap(Digit* heap) { std::memcpy(m_inline, &heap, sizeof heap); }
+        Digit* Data() { return IsHeap() ? Heap() : m_place.digits; }
+        const Digit* Data() const { return IsHeap() ? Heap() : m_place.digits; }
+        Digit* Heap() const { return m_place.heap; }
+        void SetHeap(Digit* heap) { m_place.heap = heap; }
         // Room for at least count digits; the digits held are kept.
         void Grow(std::size_t count);
 
+        // The digits in place, or the heap pointer once they outgrow it. The pointer stays aligned
+        // so that leak checkers, which look for aligned pointers, see that the block is owned.
+        union Place {
+            Digit* heap;
+            Digit digits[kInline];
+        };
+
         unsigned int m_size;
         unsigned int m_capacity; // kInline while the digits are held in place
-        Digit m_inline[kInline]; // or the heap pointer, once the digits outgrow it
-        static_assert(kInline >= sizeof(Digit*), "the heap pointer is kept in the in-place digits");
+        Place m_place;
     };
 
     CBigInteger();
