@@ -264,19 +264,7 @@ CSmartPtr<CXmlObjectBase> CDocumentRoots::Load(unsigned char* data, unsigned lon
     internal::CStreamedLoad stream(document);
     document.LoadXmlStream(data, length);
     CSmartPtr<CXmlObjectBase> object;
-    try {
-        object = Read(document.GetDocumentElement(), context);
-    } catch (const internal::CStreamFailure& failure) {
-        failure.Rethrow();
-    } catch (CQxException& error) {
-        stream.Finish();
-        internal::CErrorLocator::Locate(document, error);
-        throw;
-    } catch (...) {
-        stream.Finish();
-        throw;
-    }
-    stream.Finish();
+    stream.Bind([&] { object = Read(document.GetDocumentElement(), context); });
     return object;
 }
 

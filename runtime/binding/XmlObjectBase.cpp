@@ -243,20 +243,10 @@ void ReadDocument(CXmlObjectBase* object, const CSerializationContext& context, 
     CXmlDocument document(context);
     internal::CStreamedLoad stream(document);
     load(document);
-    try {
+    stream.Bind([&] {
         CXmlElement* root = document.GetDocumentElement();
         CXmlObjectBase::FromXml_Int(object, root, root->GetFirstElement(), context);
-    } catch (const internal::CStreamFailure& failure) {
-        failure.Rethrow();
-    } catch (CQxException& error) {
-        stream.Finish();
-        internal::CErrorLocator::Locate(document, error);
-        throw;
-    } catch (...) {
-        stream.Finish();
-        throw;
-    }
-    stream.Finish();
+    });
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 
 #include <QxXmlLib16/foundation/Export.h>
 
+#include "xml/ErrorLocator.h"
+
 #include <exception>
 #include <string>
 
@@ -41,6 +43,25 @@ public:
     // Parses what the binding left unread, building nothing more. Malformed input throws the parse
     // error, which then takes the place of any error the binding raised.
     void Finish();
+
+    // Runs read, the binding of the document, then Finish. An error of the binding gets the position
+    // of its node; a parse error met on the way, or by Finish, is the one reported.
+    template <class Read>
+    void Bind(Read read) {
+        try {
+            read();
+        } catch (const CStreamFailure& failure) {
+            failure.Rethrow();
+        } catch (CQxException& error) {
+            Finish();
+            CErrorLocator::Locate(m_document, error);
+            throw;
+        } catch (...) {
+            Finish();
+            throw;
+        }
+        Finish();
+    }
 
     // Drops the content of element, which a bound object has read in full; the element itself stays,
     // so that the positions of its siblings still count it. Only for a streamed document.
