@@ -189,22 +189,54 @@ std::wstring CDateTimeSpan::ToString() const {
     return std::wstring(buffer, out);
 }
 
+namespace {
+
+// Wide enough for any duration added to any reference: the largest end instant is about 1e35 ns.
+using Wide = __int128;
+
+Wide FloorDiv(Wide a, Wide b) { return a / b - ((a % b != 0) && ((a < 0) != (b < 0))); }
+
+// Days from 1970-01-01 to the first of a month of the proleptic Gregorian calendar, for any year.
+Wide DaysToMonthStart(Wide year, int month) {
+    if (month <= 2) --year;
+    const Wide era = FloorDiv(year, 400);
+    const Wide yearOfEra = year - era * 400;
+    const int shiftedMonth = month > 2 ? month - 3 : month + 9;
+    const Wide dayOfYear = (153 * shiftedMonth + 2) / 5;
+    return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719468;
+}
+
+// The instant, in nanoseconds since 1970, that span reaches from the first of a month at midnight.
+// Computed exactly rather than through CDateTime, whose years end at 9999, so that spans of any
+// size still compare.
+Wide EndInstant(int year, int month, const CDateTimeSpan& span) {
+    const Wide sign = span.IsNegative() ? -1 : 1;
+    const Wide months = static_cast<Wide>(year) * 12 + (month - 1) +
+                        sign * (static_cast<Wide>(span.GetYears()) * 12 + span.GetMonths());
+    const Wide endYear = FloorDiv(months, 12);
+    const int endMonth = static_cast<int>(months - endYear * 12) + 1;
+    const Wide seconds = static_cast<Wide>(span.GetDays()) * 86400 +
+                         static_cast<Wide>(span.GetHours()) * 3600 +
+                         static_cast<Wide>(span.GetMinutes()) * 60 + span.GetSeconds();
+    const Wide nanos = seconds * 1000000000 + span.GetMilliSeconds() * 1000000 +
+                       span.GetMicroSeconds() * 1000 + span.GetNanoSeconds();
+    return DaysToMonthStart(endYear, endMonth) * 86400 * 1000000000 + sign * nanos;
+}
+
+} // namespace
+
 int CDateTimeSpan::CompareTo(const CDateTimeSpan& other) const {
     // Months and years have no fixed length in days, so the order is the one that holds from all four
     // instants, chosen where month lengths and leap years differ most.
-    static const CDateTime references[] = {
-        CDateTime(L"1696-09-01T00:00:00Z"), CDateTime(L"1697-02-01T00:00:00Z"),
-        CDateTime(L"1903-03-01T00:00:00Z"), CDateTime(L"1903-07-01T00:00:00Z")};
+    static const int references[][2] = {{1696, 9}, {1697, 2}, {1903, 3}, {1903, 7}};
     int common = CDateTime::crIndeterminate;
-    for (const CDateTime& reference : references) {
-        int result = CDateTime::crIndeterminate;
-        try {
-            result = (reference + *this).CompareTo(reference + other);
-        } catch (...) {
-            return CDateTime::crIndeterminate;
-        }
-        if (result == CDateTime::crIndeterminate || (&reference != references && result != common))
-            return CDateTime::crIndeterminate;
+    for (const auto& reference : references) {
+        const Wide mine = EndInstant(reference[0], reference[1], *this);
+        const Wide theirs = EndInstant(reference[0], reference[1], other);
+        const int result = mine < theirs   ? CDateTime::crLess
+                           : mine > theirs ? CDateTime::crGreater
+                                           : CDateTime::crEqual;
+        if (&reference != references && result != common) return CDateTime::crIndeterminate;
         common = result;
     }
     return common;

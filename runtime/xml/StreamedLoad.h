@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/Export.h>
 
 #include "xml/ErrorLocator.h"

@@ -165,6 +165,7 @@ TEST(OrderedFacets, DatesAndDurationsAndTheirIndeterminateCases) {
         {itMonthDay, L"--05-01", Bounds(L"--05-02", {}), L"Invalid Value for v [--05-01]."},
         {itDuration, L"P2M", Bounds({}, L"P30D"), L"Invalid Value for v [P2M]."},
         {itDuration, L"P1M", Bounds(L"P30D", L"P30D", L"P30D", L"P30D"), kPasses},
+        {itDuration, L"P10439Y", Bounds({}, {}, L"P10439Y"), L"Invalid Value for v [P10439Y]."},
     });
 }
 
