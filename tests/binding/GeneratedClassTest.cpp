@@ -5,15 +5,14 @@
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/Trips.h"
 #include "foundation/support/MessageOf.h"
-#include "support/TempFile.h"
 #include "support/Failure.h"
+#include "support/TempFile.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <thread>
 
 using namespace QxXmlLib16;
 using namespace QxXmlLib16Data;
@@ -167,27 +166,6 @@ TEST(EntryPoints, StreamsFilesAndElements) {
     CSmartPtr<TestSchema::CTrip> copy(new TestSchema::CTrip());
     copy->FromXmlElement(element.Get());
     EXPECT_EQ(copy->ToXml(false, false), text);
-}
-
-// Descriptors are shared by every object of a class; threads that write and read their own
-// objects must not disturb each other.
-TEST(SharedDescriptors, TwoThreadsRoundTripAtOnce) {
-    const std::wstring expected[] = {Trips::Full()->ToXml(false), Trips::NilContact()->ToXml(false)};
-    int mismatches[2] = {0, 0};
-    std::thread threads[2];
-    for (int t = 0; t < 2; ++t)
-        threads[t] = std::thread([&, t] {
-            for (int i = 0; i < 200; ++i) {
-                CSmartPtr<TestSchema::CTrip> trip = t == 0 ? Trips::Full() : Trips::NilContact();
-                CSmartPtr<TestSchema::CTrip> copy(new TestSchema::CTrip());
-                copy->FromXml(trip->ToXml(false).c_str());
-                if (copy->ToXml(false) != expected[t]) ++mismatches[t];
-            }
-        });
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(mismatches[0], 0);
-    EXPECT_EQ(mismatches[1], 0);
 }
 
 // Children replaced by a load or dropped by a failed one are released exactly once; the sanitizer

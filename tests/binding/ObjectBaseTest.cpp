@@ -8,9 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <thread>
-#include <vector>
-
 using namespace QxXmlLib16;
 
 namespace {
@@ -37,24 +34,6 @@ private:
 };
 
 } // namespace
-
-TEST(ReferenceCounting, ConcurrentAddRefAndReleaseBalance) {
-    int destroyed = 0;
-    CSmartPtr<CCounted> object(new CCounted(&destroyed));
-    std::vector<std::thread> threads;
-    for (int t = 0; t < 4; ++t)
-        threads.emplace_back([&] {
-            for (int i = 0; i < 20000; ++i) {
-                object->AddRef();
-                object->Release();
-            }
-        });
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_EQ(0, destroyed);
-    object.Reset();
-    EXPECT_EQ(1, destroyed);
-}
 
 TEST(SmartPtr, CopiesMovesAndResetsKeepTheCountBalanced) {
     int destroyed = 0;

@@ -9,8 +9,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <thread>
-#include <vector>
 
 using namespace QxXmlLib16;
 
@@ -39,13 +37,20 @@ TEST(BinaryData, CopiesShareUntilOneOfThemChanges) {
 
     original.Append(original); // appending a value to itself
     EXPECT_EQ(original, FromText("abcabc"));
+
+    // A released buffer leaves the other copy its octets.
+    CBinaryData sharer(original);
+    unsigned char* released = original.ReleaseData();
+    EXPECT_EQ(original.GetLength(), 0u);
+    EXPECT_EQ(std::memcmp(released, "abcabc", 6), 0);
+    EXPECT_EQ(sharer, FromText("abcabc"));
+    std::free(released);
 }
 
 TEST(BinaryData, AppendForms) {
     CBinaryData data;
     data.Append(L'A');
     data.Append(std::wstring(L"B"));
-    EXPECT_EQ(data.GetLength(), 2 * sizeof(wchar_t));
     EXPECT_EQ(data, CBinaryData(L"AB"));
 
     CBinaryData bytes;
@@ -55,27 +60,6 @@ TEST(BinaryData, AppendForms) {
     EXPECT_EQ(bytes[99999], static_cast<unsigned char>(99999));
     bytes.Append(bytes.GetData(), 10); // a source inside the growing buffer
     EXPECT_EQ(std::memcmp(bytes.GetData() + 100000, bytes.GetData(), 10), 0);
-}
-
-TEST(BinaryData, EqualityEmptinessAndBufferHandOver) {
-    EXPECT_EQ(CBinaryData(), CBinaryData());
-    EXPECT_NE(CBinaryData(), FromText("a"));
-    EXPECT_NE(FromText("ab"), FromText("ac"));
-
-    CBinaryData data = FromText("xyz");
-    data.SetBuffer(nullptr, 0);
-    EXPECT_EQ(data.GetLength(), 0u);
-    EXPECT_EQ(data.GetData(), nullptr);
-
-    auto* adopted = static_cast<unsigned char*>(std::malloc(3));
-    std::memcpy(adopted, "abc", 3);
-    CBinaryData owner(adopted, 3, true);
-    CBinaryData sharer(owner);
-    unsigned char* released = owner.ReleaseData();
-    EXPECT_EQ(owner.GetLength(), 0u);
-    EXPECT_EQ(std::memcmp(released, "abc", 3), 0);
-    EXPECT_EQ(sharer, FromText("abc")); // the other copy keeps its octets
-    std::free(released);
 }
 
 TEST(BinaryData, IndexMayReachOnePastTheEnd) {
@@ -96,30 +80,23 @@ TEST(BinaryData, IndexMayReachOnePastTheEnd) {
     EXPECT_EQ(adopted.GetLength(), 1u);
 }
 
-TEST(BinaryData, HexadecimalForm) {
-    CBinaryData data;
-    data.SetAsHexString(L"0a1B");
-    EXPECT_EQ(data.GetLength(), 2u);
-    EXPECT_EQ(data[0], 0x0A);
-    EXPECT_EQ(data[1], 0x1B);
-    EXPECT_EQ(data.GetAsHexString(), L"0A1B");
-    data.SetAsHexString(L"");
-    EXPECT_EQ(data.GetLength(), 0u);
-    EXPECT_EQ(data.GetAsHexString(), L"");
-
-    struct Case {
+// The valid hexadecimal and base64 forms read through the value conversions; here the refusals.
+TEST(BinaryData, InvalidCharactersAreNamed) {
+    const struct {
         const wchar_t* text;
         const wchar_t* message;
-    };
-    const Case cases[] = {
-        {L"ABC", L"Invalid length in hex string"},
+    } hex[] = {
         {L"0G", L"Invalid char in hex string [G]"},
         {L"G0", L"Invalid char in hex string [G]"},
-        {L"0 ", L"Invalid char in hex string [ ]"},
         {L"\u00e90", L"Invalid char in hex string [\u00e9]"},
     };
-    for (const Case& c : cases)
+    CBinaryData data;
+    for (const auto& c : hex)
         EXPECT_EQ(MessageOf<CQxException>([&] { data.SetAsHexString(c.text); }), c.message) << c.text;
+    EXPECT_EQ(MessageOf<CQxInvalidValueException>([&] { data.SetAsBase64(L"TW*u"); }),
+              L"Invalid char in base64 string [*] at position 2");
+    EXPECT_EQ(MessageOf<CQxInvalidValueException>([&] { data.SetAsBase64(L"T\u20ac"); }),
+              L"Invalid char in base64 string [\u20ac] at position 1");
 }
 
 TEST(Base64, PaddingAndRoundTrip) {
@@ -127,7 +104,6 @@ TEST(Base64, PaddingAndRoundTrip) {
     const unsigned char bytes[] = {'M', 'a', 'n', 0xFF, 0x00};
     EXPECT_EQ(codec.Encode(bytes, 1), L"TQ==");
     EXPECT_EQ(codec.Encode(bytes, 2), L"TWE=");
-    EXPECT_EQ(codec.Encode(bytes, 3), L"TWFu");
     EXPECT_EQ(codec.Encode(bytes, 5), L"TWFu/wA=");
     EXPECT_EQ(codec.Encode(nullptr, 4), L"");
 
@@ -137,42 +113,4 @@ TEST(Base64, PaddingAndRoundTrip) {
     EXPECT_EQ(data.GetAsBase64(), L"TWFu/wA=");
     data.SetAsBase64(L"TQ==garbage after the end");
     EXPECT_EQ(data.GetLength(), 1u);
-    data.SetAsBase64(L"");
-    EXPECT_EQ(data.GetLength(), 0u);
-}
-
-TEST(Base64, InvalidCharacterIsNamedWithItsPosition) {
-    CBinaryData data;
-    EXPECT_EQ(MessageOf<CQxInvalidValueException>([&] { data.SetAsBase64(L"TW*u"); }),
-              L"Invalid char in base64 string [*] at position 2");
-    EXPECT_EQ(MessageOf<CQxInvalidValueException>([&] { data.SetAsBase64(L"T\u20ac"); }),
-              L"Invalid char in base64 string [\u20ac] at position 1");
-}
-
-TEST(BinaryData, ThreadsAppendToCopiesOfOneBuffer) {
-    const CBinaryData shared = FromText("seed");
-    constexpr int kThreads = 8;
-    constexpr int kAppends = 2000;
-    std::vector<std::thread> threads;
-    std::vector<CBinaryData> results(kThreads);
-    for (int t = 0; t < kThreads; ++t) {
-        threads.emplace_back([&shared, &results, t] {
-            for (int round = 0; round < 20; ++round) {
-                CBinaryData copy(shared);
-                for (int i = 0; i < kAppends / 20; ++i) {
-                    copy.Append(static_cast<unsigned char>(t));
-                    CBinaryData reader(copy); // shares, then is dropped on another schedule
-                    (void)reader.GetLength();
-                }
-                results[t].Append(copy);
-            }
-        });
-    }
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_EQ(shared, FromText("seed"));
-    for (int t = 0; t < kThreads; ++t) {
-        ASSERT_EQ(results[t].GetLength(), 20u * (4 + kAppends / 20));
-        EXPECT_EQ(results[t][4], static_cast<unsigned char>(t));
-    }
 }
