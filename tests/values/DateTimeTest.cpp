@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "foundation/support/MessageOf.h"
+
 #include <functional>
 #include <memory>
 #include <ostream>
@@ -24,17 +26,6 @@ std::string Narrow(const std::wstring& text) {
 
 void PrintTo(const Case& c, std::ostream* out) {
     *out << (c.input ? Narrow(c.input) : "(null)");
-}
-
-// The message of the exception of type E that action throws, or a note that it threw none.
-template <class E>
-std::wstring MessageOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const E& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
 }
 
 CDateTime Parse(const wchar_t* text) {

@@ -1,6 +1,7 @@
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/values/Decimal.h>
 
+#include "foundation/support/MessageOf.h"
 #include "values/support/NumericReference.h"
 
 #include <gtest/gtest.h>
@@ -16,16 +17,6 @@ namespace {
 
 std::wstring Canonical(const std::wstring& text) {
     return CDecimal(text.c_str()).ToString();
-}
-
-template <typename E>
-std::wstring MessageOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const E& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
 }
 
 // The sign of a - b.
