@@ -13,9 +13,9 @@
 #include <cstring>
 #include <functional>
 #include <string>
+#include <sys/resource.h>
 #include <tuple>
 #include <vector>
-#include <sys/resource.h>
 
 using namespace QxXmlLib16;
 
@@ -33,33 +33,19 @@ std::wstring LoadError(const std::function<void(CXmlDocument&)>& load) {
 
 } // namespace
 
-TEST(XmlDocumentPaths, PredicatesOnlyForRepeatedNames) {
+// A position predicate only where a sibling shares the name, namespace included.
+TEST(XmlDocumentPaths, PredicatesOnlyForRepeatedNamesAndLookups) {
     CXmlDocument document;
-    document.LoadXml("<a xmlns:p='urn:p'><b/><c/><b/><p:d/><d/></a>");
-    CXmlElement* a = document.GetDocumentElement();
-    CXmlElement* b1 = a->GetFirstElement();
-    CXmlElement* c = b1->GetNextSiblingElement();
-    CXmlElement* b2 = c->GetNextSiblingElement();
-    CXmlElement* pd = b2->GetNextSiblingElement();
-    EXPECT_EQ(L"/a", a->GetXPath());
-    EXPECT_EQ(L"/a/b[1]", b1->GetXPath());
-    EXPECT_EQ(L"/a/c", c->GetXPath());
-    EXPECT_EQ(L"/a/b[2]", b2->GetXPath());
-    EXPECT_EQ(L"p:d", pd->GetQName());
-    EXPECT_EQ(L"/a/p:d", pd->GetXPath()); // d in another namespace is another name
-    EXPECT_EQ(L"/a/d", pd->GetNextSiblingElement()->GetXPath());
-}
-
-TEST(XmlDocumentPaths, AttributePathsAndLookups) {
-    CXmlDocument document;
-    document.LoadXml("<a xmlns:p='urn:p' x='1' p:y='2'/>");
+    document.LoadXml("<a xmlns:p='urn:p' x='1' p:y='2'><b/><c/><b/><p:d/><d/></a>");
     const CXmlElement* a = document.GetDocumentElement();
-    ASSERT_EQ(2u, a->GetAttributes().size());
+    std::wstring paths;
+    for (const CXmlElement* child = a->GetFirstElement(); child; child = child->GetNextSiblingElement())
+        paths += child->GetXPath() + L" ";
+    EXPECT_EQ(L"/a/b[1] /a/c /a/b[2] /a/p:d /a/d ", paths);
     EXPECT_EQ(L"/a/@x", a->GetAttributes()[0]->GetXPath());
     EXPECT_EQ(L"/a/@p:y", a->GetAttributes()[1]->GetXPath());
     EXPECT_EQ(L"2", a->GetAttribute(L"y", L"urn:p"));
     EXPECT_EQ(L"", a->GetAttribute(L"y", L""));
-    EXPECT_EQ(L"", a->GetAttribute(L"z", L""));
     EXPECT_EQ(L"urn:p", document.LookupNamespaceFromAlias(L"p"));
     EXPECT_EQ(L"p", document.LookupAliasFromNamespace(L"urn:p"));
     EXPECT_EQ(L"", document.LookupAliasFromNamespace(L"urn:none"));
@@ -104,26 +90,15 @@ TEST(XmlDocumentText, CarriageReturnsDroppedAndPiecesJoined) {
 
 // Equal texts may be one string shared by many elements: appending to one must leave the others.
 TEST(XmlDocumentText, AppendingToRepeatedTextChangesOnlyThatElement) {
-    const std::string longText(40, 'v');
-    CXmlDocument document;
-    document.LoadXml(("<r><a>\n  \n  </a><b>\n  \n  </b><c>x</c><d>x</d><e>" + longText + "</e><f>" +
-                      longText + "</f></r>")
-                         .c_str());
-    CXmlElement* a = document.GetDocumentElement()->GetFirstElement();
-    CXmlElement* b = a->GetNextSiblingElement();
-    CXmlElement* c = b->GetNextSiblingElement();
-    CXmlElement* d = c->GetNextSiblingElement();
-    CXmlElement* e = d->GetNextSiblingElement();
-    CXmlElement* f = e->GetNextSiblingElement();
-    a->AppendText(L"y");
-    c->AppendText(L"z");
-    e->AppendText(L"w");
-    EXPECT_EQ(L"\n  \n  y", a->GetText());
-    EXPECT_EQ(L"\n  \n  ", b->GetText());
-    EXPECT_EQ(L"xz", c->GetText());
-    EXPECT_EQ(L"x", d->GetText());
-    EXPECT_EQ(std::wstring(longText.begin(), longText.end()) + L"w", e->GetText());
-    EXPECT_EQ(std::wstring(longText.begin(), longText.end()), f->GetText());
+    const std::wstring blanks = L"\n  \n  ", longText(40, L'v');
+    for (const std::wstring& text : {blanks, std::wstring(L"x"), longText}) {
+        CXmlDocument document;
+        document.LoadXml((L"<r><a>" + text + L"</a><b>" + text + L"</b></r>").c_str());
+        CXmlElement* a = document.GetDocumentElement()->GetFirstElement();
+        a->AppendText(L"y");
+        EXPECT_EQ(text + L"y", a->GetText());
+        EXPECT_EQ(text, a->GetNextSiblingElement()->GetText());
+    }
 }
 
 TEST(XmlDocumentTree, BuildAndDetach) {
@@ -136,8 +111,6 @@ TEST(XmlDocumentTree, BuildAndDetach) {
     EXPECT_EQ(child, root->RemoveLastChildElement());
     EXPECT_EQ(nullptr, root->GetFirstElement());
     EXPECT_EQ(nullptr, root->RemoveLastChildElement());
-    EXPECT_EQ(L"c", child->GetLocalName());
-    EXPECT_EQ(L"1", child->GetAttribute(L"a", L""));
     delete child; // the caller owns a detached element
     // Elements and attributes made outside any document.
     CXmlElement loose(nullptr, nullptr);
@@ -156,42 +129,12 @@ TEST(XmlDocumentTree, ReloadKeepsNothingOfTheFirstDocument) {
 }
 
 namespace {
-int g_completed = 0;
-bool DropItems(CXmlElement* element) {
-    ++g_completed;
-    return element->GetLocalName() == L"item";
-}
-} // namespace
-
-TEST(XmlDocumentTree, CompletedElementsCanBeDroppedWhileStreaming) {
-    g_completed = 0;
-    std::string xml = "<list>";
-    for (int i = 0; i < 1000; ++i)
-        xml += "<item><v>" + std::to_string(i) + "</v></item>";
-    xml += "<tail/></list>";
-    CXmlDocument document(DropItems);
-    document.LoadXml(xml.c_str());
-    EXPECT_EQ(2002, g_completed);
-    const CXmlElement* only = document.GetDocumentElement()->GetFirstElement();
-    ASSERT_NE(nullptr, only);
-    EXPECT_EQ(L"tail", only->GetLocalName());
-    EXPECT_EQ(nullptr, only->GetNextSiblingElement());
-}
-
-namespace {
 std::wstring g_parentTextSeen;
 bool RecordParentText(CXmlElement* element) {
     if (element->GetParentElement()) g_parentTextSeen = element->GetParentElement()->GetText();
     return false;
 }
 } // namespace
-
-TEST(XmlDocumentTree, CallbackSeesTheTextOfOpenAncestorsSoFar) {
-    CXmlDocument document(RecordParentText);
-    document.LoadXml("<a>one<b/>two</a>");
-    EXPECT_EQ(L"one", g_parentTextSeen);
-    EXPECT_EQ(L"onetwo", document.GetDocumentElement()->GetText());
-}
 
 // With a callback the blanks between children reach their parent one piece per child. Every stage
 // of such text once went into the document's table of shared texts, which took memory and time
@@ -320,7 +263,10 @@ TEST(XmlDocumentPositions, FoundForEveryKeptInput) {
         wide += text[i] == '\xC3' ? (++i, L'\u00E9') : static_cast<wchar_t>(text[i]);
     const std::vector<std::pair<const char*, std::function<void(CXmlDocument&)>>> loads = {
         {"file", [&](CXmlDocument& d) { d.Load(file.Name().c_str()); }},
-        {"gzip stream", [&](CXmlDocument& d) { d.LoadXmlStream(const_cast<unsigned char*>(compressed.GetData()), compressed.GetLength()); }},
+        {"gzip stream",
+         [&](CXmlDocument& d) {
+             d.LoadXmlStream(const_cast<unsigned char*>(compressed.GetData()), compressed.GetLength());
+         }},
         {"wide text", [&](CXmlDocument& d) { d.LoadXml(wide.c_str()); }},
     };
     for (const auto& load : loads) {
@@ -334,7 +280,8 @@ TEST(XmlDocumentPositions, FoundForEveryKeptInput) {
 // not see one. Wide text is loaded with one in front.
 TEST(XmlDocumentPositions, FirstLineColumnsDoNotCountAByteOrderMark) {
     TempFile file("\xEF\xBB\xBF<a><b/>\n<c/></a>");
-    const std::vector<std::tuple<std::wstring, int, int>> expected = {{L"a", 1, 1}, {L"b", 1, 4}, {L"c", 2, 1}};
+    const std::vector<std::tuple<std::wstring, int, int>> expected = {
+        {L"a", 1, 1}, {L"b", 1, 4}, {L"c", 2, 1}};
     CXmlDocument document;
     document.Load(file.Name().c_str());
     EXPECT_EQ(expected, Positions(document));
@@ -369,9 +316,10 @@ TEST(XmlDocumentPositions, NamespacesInScopeFollowTheDeclarations) {
         const wchar_t* prefix;
         const wchar_t* bound; // null: not bound
     };
-    for (const Case& test : {Case{a, L"", L"urn:d"}, Case{a, L"p", L"urn:p"}, Case{c, L"p", L"urn:q"},
-                             Case{c, L"", L"urn:d"}, Case{e, L"p", L"urn:p"}, Case{e, L"", nullptr},
-                             Case{e, L"q", nullptr}, Case{e, L"xml", L"http://www.w3.org/XML/1998/namespace"}}) {
+    for (const Case& test :
+         {Case{a, L"", L"urn:d"}, Case{a, L"p", L"urn:p"}, Case{c, L"p", L"urn:q"}, Case{c, L"", L"urn:d"},
+          Case{e, L"p", L"urn:p"}, Case{e, L"", nullptr}, Case{e, L"q", nullptr},
+          Case{e, L"xml", L"http://www.w3.org/XML/1998/namespace"}}) {
         std::wstring uri;
         const bool bound = document.LookupNamespaceInScope(test.element, test.prefix, uri);
         EXPECT_EQ(test.bound != nullptr, bound) << test.element->GetLocalName() << " " << test.prefix;
