@@ -6,20 +6,6 @@
 
 using namespace QxXmlLib16;
 
-TEST(Exceptions, PathIsAppendedToTheMessageOnlyWhenGiven) {
-    CQxValidationException noPath(L"bad", L"");
-    EXPECT_EQ(noPath.GetMessage(), L"bad");
-    EXPECT_EQ(noPath.GetPath(), L"");
-
-    CQxValidationException withPath(L"bad", L"/a/b");
-    EXPECT_EQ(withPath.GetMessage(), L"bad\nPath: /a/b");
-    EXPECT_EQ(withPath.GetPath(), L"/a/b");
-
-    CQxInvalidValueException value(L"v");
-    EXPECT_EQ(value.GetPath(), L"");
-    EXPECT_EQ(value.GetMessage(), L"v");
-}
-
 TEST(Exceptions, FullMessageJoinsTheChainOutermostFirst) {
     CQxException innermost(L"c");
     CQxValidationException middle(L"b", L"/r", innermost);
