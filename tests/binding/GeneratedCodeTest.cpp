@@ -52,17 +52,6 @@ TYPED_TEST(OptionalShape, AbsentLeavesTheVariantInvalidAndAWriteMakesItPresent) 
     EXPECT_FALSE(copy.has_value());
 }
 
-TEST(GeneratedAccess, EnumerationsTravelAsI4) {
-    Mode mode = Mode_ride;
-    std::optional<Mode> tint;
-    QxVariant value;
-    AccessValue<itI4>(true, value, mode);
-    EXPECT_EQ(itI4, value.GetItemType());
-    EXPECT_EQ(1, value.GetI4());
-    AccessValue<itI4>(false, value, tint);
-    EXPECT_EQ(Mode_ride, tint.value());
-}
-
 // The setter form stores through the class's setter, so its facet check refuses a loaded value.
 struct CHolder {
     long days = 0;
@@ -84,13 +73,6 @@ TEST(GeneratedAccess, SetterFormChecksThroughTheSetter) {
                   [&] { AccessValue<itI4>(false, value, holder.days, &holder, &CHolder::SetDays); }),
               L"Invalid Value for days [31]");
     EXPECT_EQ(12, holder.days);
-}
-
-TEST(GeneratedAccess, NilKeepsTheKind) {
-    QxVariant value;
-    PutNil<itDate>(value);
-    EXPECT_TRUE(value.IsNil());
-    EXPECT_EQ(L"date", value.GetType());
 }
 
 TEST(GeneratedAccess, RefusalsNameTheProperty) {

@@ -6,8 +6,6 @@
 #include "binding/support/ContentSchema.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
-#include "binding/support/TestSchema.h"
-#include "binding/support/Trips.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
@@ -134,27 +132,6 @@ TEST_P(StreamedGroupsLoad, EndsAsReadingTheWholeTree) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Documents, StreamedGroupsLoad, testing::ValuesIn(GroupsCases()),
-                         [](const testing::TestParamInfo<Case>& info) { return info.param.name; });
-
-std::vector<Case> TripCases() {
-    const std::wstring valid = Trips::Minimal()->ToXml(false, false);
-    const std::wstring badMode = Replace(valid, L"<AA:mode>cycle</AA:mode>", L"<AA:mode>fly</AA:mode>");
-    return {
-        {"Valid", valid, false},
-        {"EnumerationFault", badMode, false},
-        {"MalformedAfterAFault", Replace(badMode, L"</AA:start>", L"</AA:strt>"), false},
-        {"UnknownTrailingChildrenSkipped",
-         Replace(valid, L"</AA:contact>", L"</AA:contact><zz><a/><b>t</b></zz><yy/>"), true},
-    };
-}
-
-class StreamedTripLoad : public testing::TestWithParam<Case> {};
-
-TEST_P(StreamedTripLoad, EndsAsReadingTheWholeTree) {
-    ExpectSameAsWholeTree<TestSchema::CTrip>(GetParam());
-}
-
-INSTANTIATE_TEST_SUITE_P(Documents, StreamedTripLoad, testing::ValuesIn(TripCases()),
                          [](const testing::TestParamInfo<Case>& info) { return info.param.name; });
 
 // Thousands of items, so that the parser runs well ahead of the binding and stops many times; the

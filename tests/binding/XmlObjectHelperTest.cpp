@@ -85,23 +85,6 @@ TEST(NamespaceRule, TokensAreTriedFromTheLeft) {
               L"[urn:t].");
 }
 
-TEST(ElementName, NamespaceCountsUnlessTheContextIgnoresIt) {
-    CXmlElement element(nullptr, nullptr);
-    element.SetElementName(L"a");
-    element.SetNamespace(L"urn:a");
-    CSerializationContext context;
-    EXPECT_TRUE(H::DoesElementNameMatch(context, &element, L"a", L"urn:a"));
-    EXPECT_FALSE(H::DoesElementNameMatch(context, &element, L"a", L""));
-    EXPECT_FALSE(H::DoesElementNameMatch(context, &element, L"A", L"urn:a"));
-    EXPECT_FALSE(H::DoesElementNameMatch(context, nullptr, L"a", L"urn:a"));
-    context.SetSchemaType(stNoNamespaces);
-    EXPECT_TRUE(H::DoesElementNameMatch(context, &element, L"a", L"urn:other"));
-    EXPECT_FALSE(H::DoesElementNameMatch(context, &element, L"b", L"urn:a"));
-    context.SetSchemaType(stDefault);
-    context.SetIgnoreNamespaces(true);
-    EXPECT_TRUE(H::DoesElementNameMatch(context, &element, L"a", L""));
-}
-
 TEST(NumberFacets, BoundsThenPrintedDigitsWithTheTypesMessage) {
     ExpectMessages({
         {itI4, L"-100", Digits(3), L"Invalid Value for v [-100]"},
