@@ -86,10 +86,3 @@ TEST(Whitespace, RulesNormaliseLineEndsAndBlanks) {
         EXPECT_EQ(CWhitespaceUtils::ApplyRule(c.rule, c.input), c.expected) << c.input;
     EXPECT_EQ(CWhitespaceUtils::Preserve(L"a\rbc", 2), L"a\n");
 }
-
-TEST(Whitespace, UnknownRuleIsRefused) {
-    EXPECT_EQ(MessageOf<CQxException>([&] {
-                  CWhitespaceUtils::ApplyRule(static_cast<CWhitespaceUtils::WhitespaceRule>(4), L"a");
-              }),
-              L"Unknown WhitespaceRule");
-}

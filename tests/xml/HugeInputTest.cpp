@@ -169,13 +169,14 @@ TEST(HugeShapes, WideElementsAndLongSiblingLists) {
 namespace {
 long g_levels;
 bool CountLevelWithText(CXmlElement* element) {
-    if (element->GetText() == L"x" && !element->GetFirstElement()) ++g_levels;
-    return true;
+    if (element->GetText() == L"x") ++g_levels;
+    return false;
 }
 } // namespace
 
 // A million levels, each with text before its child: every end hands the ancestors their text so
-// far, which must not mean a visit of every open element at each end.
+// far, which must not mean a visit of every open element at each end; the path of the deepest is
+// built and the tree freed without recursion.
 TEST(StreamedFile, MillionLevelsWithTextThroughTheCallback) {
     const int depth = 1000000;
     std::string xml;
@@ -187,6 +188,10 @@ TEST(StreamedFile, MillionLevelsWithTextThroughTheCallback) {
     g_levels = 0;
     CXmlDocument document(CountLevelWithText);
     document.Load(file.Name().c_str());
-    EXPECT_EQ(depth, g_levels); // each reached the callback with its text and without its child
-    EXPECT_EQ(L"x", document.GetDocumentElement()->GetText());
+    EXPECT_EQ(depth, g_levels); // each reached the callback with its text
+    const CXmlElement* deepest = document.GetDocumentElement();
+    while (deepest->GetFirstElement())
+        deepest = deepest->GetFirstElement();
+    EXPECT_EQ(L"x", deepest->GetText());
+    EXPECT_EQ(static_cast<size_t>(depth) * 2, deepest->GetXPath().size());
 }

@@ -202,24 +202,6 @@ TEST(XmlDocumentLoading, Messages) {
         EXPECT_EQ(c.second, LoadError(c.first));
 }
 
-TEST(XmlDocumentDepth, MillionLevelsLoadPathAndFreeWithoutRecursion) {
-    const int depth = 1000000;
-    std::string xml;
-    xml.reserve(depth * 7 + 2);
-    for (int i = 0; i < depth; ++i)
-        xml += "<a>";
-    xml += "x";
-    for (int i = 0; i < depth; ++i)
-        xml += "</a>";
-    CXmlDocument document;
-    document.LoadXml(xml.c_str());
-    const CXmlElement* deepest = document.GetDocumentElement();
-    while (deepest->GetFirstElement())
-        deepest = deepest->GetFirstElement();
-    EXPECT_EQ(L"x", deepest->GetText());
-    EXPECT_EQ(static_cast<size_t>(depth) * 2, deepest->GetXPath().size());
-}
-
 namespace {
 
 const char kPositioned[] = "<?xml version='1.0'?>\n"
