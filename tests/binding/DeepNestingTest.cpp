@@ -3,10 +3,7 @@
 // contains itself stop at kMaxObjectDepth with a clear error instead of exhausting the stack.
 #include <QxXmlLib16/QxXmlLib16.h>
 
-#include "support/Documents.h"
 #include "support/Failure.h"
-
-#include "GpxBindings.h"
 
 #include <gtest/gtest.h>
 
@@ -201,25 +198,3 @@ TEST(RecursiveSchemaType, ReleasesAMillionWithoutRecursion) {
     EXPECT_EQ(DepthOf(chain.Get()), kMillion);
 }
 
-// Foreign content nested a million levels deep, as a 7 MB hostile file holds it, loads into the
-// GPX bindings and is written back whole (without indentation, which would grow with the square of
-// the depth).
-TEST(DeepExtensions, MillionLevelsLoadAndWriteBack) {
-    std::string xml = "<gpx xmlns='http://www.topografix.com/GPX/1/1' version='1.1' creator='deep'>"
-                      "<extensions><a xmlns='urn:x'>";
-    for (int i = 1; i < kMillion; ++i)
-        xml += "<a>";
-    xml += "leaf";
-    for (int i = 0; i < kMillion; ++i)
-        xml += "</a>";
-    xml += "</extensions></gpx>";
-    const CSmartPtr<Gpx::CGpx> gpx(new Gpx::CGpx);
-    gpx->FromXml(xml.c_str());
-    CSerializationContext context;
-    context.SetDefaultNamespaceURI(Gpx::kNamespace);
-    CXmlDocument original, written;
-    original.LoadXml(xml.c_str());
-    written.LoadXml(gpx->ToXml(false, false, eolLF, context).c_str());
-    EXPECT_EQ(Documents::TreeDifference(*original.GetDocumentElement(), *written.GetDocumentElement(), true),
-              L"");
-}

@@ -55,11 +55,6 @@ const Case kCases[] = {
         L"  <wpt lat=\"1\" lon=\"2\">\n"
         L"    <magvar>360</magvar>\n  </wpt>\n</gpx>",
      {Invalid(L"magvar", L"360"), L"/gpx/wpt/magvar"}, 3, 5},
-    {"ElementOrder", kGpx +
-        L"  <metadata>\n    <time>2024-01-01T00:00:00Z</time>\n    <name>n</name>\n  </metadata>\n</gpx>",
-     {L"Failed read all the elements held within the element [metadata]. The unexpected element [name] "
-      L"remains un processed", L"/gpx/metadata"}, 2, 3},
-    // A column counts characters, not bytes nor UTF-16 units.
     {"ColumnAfterWideCharacters", kGpx +
         L"  <wpt lat=\"1\" lon=\"2\"><name>\u00dcn\u00efc\u00f8d\u00e9 \u4e16\u754c</name><fix>4d</fix></wpt>\n</gpx>",
      {L"The value [4d] is not a valid fixType", L"/gpx/wpt/fix"}, 2, 47},
@@ -77,9 +72,6 @@ const Case kCases[] = {
     // message names as well.
     {"MismatchedTag", kGpx + L"  <metadata>\n    <name>n</nam>\n  </metadata>\n</gpx>",
      {L"mismatched tag at line 3", L""}, 3, 14},
-    {"UnboundPrefix", kGpx + L"  <wpt lat=\"1\" lon=\"2\"/>\n  <q:wpt/>\n</gpx>",
-     {L"unbound prefix at line 3", L""}, 3, 3},
-    // Malformed text after the node the binding refused: the parse error wins.
     {"MalformedAfterInvalid", kGpx + L"  <wpt lat=\"91\" lon=\"2\"/>\n  <trk>\n</gpx>",
      {L"mismatched tag at line 4", L""}, 4, 3},
 };

@@ -20,62 +20,21 @@ CSmartPtr<CTrip> Minimal() {
 }
 
 const wchar_t* ReadingText(ItemType type) {
-    switch (type) {
-    case itHexBinary:
-        return L"0A0BFF";
-    case itBase64Binary:
-        return L"aGVsbG8=";
-    case itI1:
-        return L"-3";
-    case itI2:
-        return L"300";
-    case itI4:
-        return L"42";
-    case itI8:
-        return L"-9000000000";
-    case itUi1:
-        return L"99";
-    case itUi2:
-        return L"60000";
-    case itUi4:
-        return L"100000";
-    case itUi8:
-        return L"18000000000000000000";
-    case itR4:
-        return L"1.5";
-    case itR8:
-        return L"0.25";
-    case itDuration:
-        return L"P1DT2H";
-    case itYearMonth:
-        return L"2020-02";
-    case itMonthDay:
-        return L"--05-07";
-    case itYear:
-        return L"2001";
-    case itMonth:
-        return L"--05";
-    case itDay:
-        return L"---07";
-    case itDate:
-        return L"2024-02-29";
-    case itDateTime:
-        return L"2024-05-01T10:00:00Z";
-    case itTime:
-        return L"10:30:00";
-    case itChar:
-        return L"x";
-    case itString:
-        return L"Abc";
-    case itBoolean:
-        return L"true";
-    case itDecimal:
-        return L"123.45";
-    case itInteger:
-        return L"12345678901234567890";
-    default:
-        return L"";
-    }
+    // In ItemType order, from itHexBinary to itInteger.
+    static const wchar_t* const kTexts[] = {L"0A0BFF",     L"aGVsbG8=",
+                                            L"-3",         L"300",
+                                            L"42",         L"-9000000000",
+                                            L"99",         L"60000",
+                                            L"100000",     L"18000000000000000000",
+                                            L"1.5",        L"0.25",
+                                            L"P1DT2H",     L"2020-02",
+                                            L"--05-07",    L"2001",
+                                            L"--05",       L"---07",
+                                            L"2024-02-29", L"2024-05-01T10:00:00Z",
+                                            L"10:30:00",   L"x",
+                                            L"Abc",        L"true",
+                                            L"123.45",     L"12345678901234567890"};
+    return type >= itHexBinary && type <= itInteger ? kTexts[type - itHexBinary] : L"";
 }
 
 QxVariant Reading(CReadings& readings, ItemType type) {
