@@ -52,29 +52,6 @@ TYPED_TEST(OptionalShape, AbsentLeavesTheVariantInvalidAndAWriteMakesItPresent) 
     EXPECT_FALSE(copy.has_value());
 }
 
-// The setter form stores through the class's setter, so its facet check refuses a loaded value.
-struct CHolder {
-    long days = 0;
-    void SetDays(long value) {
-        static const CPrimitiveRestrictions kFacets(L"", -1, -1, L"1", L"30", L"", L"", -1, -1, -1);
-        CXmlObjectHelper::CheckRestrictionFori4(L"days", value, kFacets);
-        days = value;
-    }
-};
-
-TEST(GeneratedAccess, SetterFormChecksThroughTheSetter) {
-    CHolder holder;
-    QxVariant value;
-    value.SetI4(12);
-    AccessValue<itI4>(false, value, holder.days, &holder, &CHolder::SetDays);
-    EXPECT_EQ(12, holder.days);
-    value.SetI4(31);
-    EXPECT_EQ(MessageOf<CQxException>(
-                  [&] { AccessValue<itI4>(false, value, holder.days, &holder, &CHolder::SetDays); }),
-              L"Invalid Value for days [31]");
-    EXPECT_EQ(12, holder.days);
-}
-
 TEST(GeneratedAccess, RefusalsNameTheProperty) {
     CSmartPtr<CElement> element(new CElement(L"e"));
     CSmartPtr<CElementCol> elements(new CElementCol(L"", L"##any", L"", 0, -1));

@@ -129,7 +129,6 @@ TEST(DecimalTest, FormatsAFixedNumberOfDigitsRoundingHalfAwayFromZero) {
 }
 
 TEST(DecimalTest, DividesToMaxDividerDigits) {
-    EXPECT_EQ((CDecimal(1) / CDecimal(3)).ToString(), L"0." + std::wstring(30, L'3'));
     EXPECT_EQ((CDecimal(-2) / CDecimal(3)).ToString(), L"-0." + std::wstring(29, L'6') + L"7");
     EXPECT_EQ(MessageOf<CQxInvalidValueException>([] { CDecimal(1) /= CDecimal(L"-0.0"); }),
               L"ERROR: Overflow in operator/.");
@@ -143,14 +142,12 @@ TEST(DecimalTest, DividesToMaxDividerDigits) {
 TEST(DecimalTest, ConvertsFromAndToMachineNumbers) {
     EXPECT_EQ(CDecimal(0.1).ToString(), L"0.1");
     EXPECT_EQ(CDecimal(1e20).ToString(), L"100000000000000000000");
-    EXPECT_EQ(ParseError(L"x"), ParseErrorText("contained an invalid char", 0, L"x"));
     EXPECT_EQ(MessageOf<CQxInvalidValueException>([] { CDecimal(std::nan("")); }),
               ParseErrorText("contained an invalid char", 0, L"nan\n"));
     EXPECT_EQ(CDecimal(L"-1.7e308").ToDouble(), -1.7e308);
     EXPECT_EQ(CDecimal(L"2147483647.4").ToLong(), 2147483647L);
     EXPECT_EQ(CDecimal(L"-2147483648.5").ToLong(), -2147483648L);
     EXPECT_EQ(CDecimal(L"2.96").ToLongLong(), 3LL);
-    EXPECT_EQ(CDecimal(L"2.94").ToLongLong(), 2LL);
     EXPECT_EQ(CDecimal(L"2.55").ToLongLong(), 2LL);
     EXPECT_EQ(CDecimal(L"-2.96").ToLongLong(), -3LL);
 

@@ -11,7 +11,7 @@
 
 using namespace QxXmlLib16;
 
-TEST(QxVariantNil, KeepsTheTypeButNotTheValue) {
+TEST(QxVariantNil, KeepsTheTypeButNotTheValueAndCountsAsValid) {
     QxVariant v;
     v.SetI4(42);
     v.SetNil();
@@ -32,20 +32,19 @@ TEST(QxVariantNil, KeepsTheTypeButNotTheValue) {
     v.SetBoolean(false); // a setter stores a real value again
     EXPECT_FALSE(v.IsNil());
     EXPECT_EQ(v.ToString(), L"false");
-}
 
-TEST(QxVariantNil, ValidityFollowsTypeAndNilFlag) {
-    QxVariant v;
-    EXPECT_FALSE(v.IsValid());
-    v.SetNil();
-    EXPECT_TRUE(v.IsValid()); // nil without a known type
-    v.SetInvalid();
-    EXPECT_FALSE(v.IsValid());
-    EXPECT_FALSE(v.IsNil());
-    v.SetString(L"x");
-    v.Clear();
-    EXPECT_FALSE(v.IsValid());
-    EXPECT_EQ(MessageOf<CQxException>([&] { v.GetType(); }), L"Invalid Type 0");
+    // Validity follows the type and the nil flag: nil is valid even without a known type.
+    QxVariant untyped;
+    EXPECT_FALSE(untyped.IsValid());
+    untyped.SetNil();
+    EXPECT_TRUE(untyped.IsValid());
+    untyped.SetInvalid();
+    EXPECT_FALSE(untyped.IsValid());
+    EXPECT_FALSE(untyped.IsNil());
+    untyped.SetString(L"x");
+    untyped.Clear();
+    EXPECT_FALSE(untyped.IsValid());
+    EXPECT_EQ(MessageOf<CQxException>([&] { untyped.GetType(); }), L"Invalid Type 0");
 }
 
 TEST(QxVariantOwnership, CopiesAreDeepAndIndependent) {
