@@ -197,4 +197,3 @@ TEST(RecursiveSchemaType, ReleasesAMillionWithoutRecursion) {
     CSmartPtr<CNode> chain = NodeChain(kMillion);
     EXPECT_EQ(DepthOf(chain.Get()), kMillion);
 }
-

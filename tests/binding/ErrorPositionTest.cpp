@@ -2,8 +2,8 @@
 // point, the encoding or the compression of the text; the messages stay as they are.
 
 #include "GpxBindings.h"
-#include "support/TempFile.h"
 #include "support/Failure.h"
+#include "support/TempFile.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 

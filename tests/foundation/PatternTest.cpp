@@ -100,8 +100,8 @@ TEST(PatternModes, DifferWhereXmlSchemaAndPcreDiffer) {
         {"\\s", L"\f", kMatch, kNoMatch},     // form feed is no XML Schema space
         {"^a$", L"^a$", kNoMatch, kMatch},    // '^' and '$' are plain characters
         {"^a$", L"a", kMatch, kNoMatch},
-        {"a.b", L"a\rb", kMatch, kNoMatch},        // '.' matches neither line end
-        {"[a-z-[aeiou]]", L"b", kNoMatch, kMatch}, // class subtraction
+        {"a.b", L"a\rb", kMatch, kNoMatch},            // '.' matches neither line end
+        {"[a-z-[aeiou]]", L"b", kNoMatch, kMatch},     // class subtraction
         {"\\p{IsGreek}", L"\u03b1", kRefused, kMatch}, // PCRE knows no block names
         {"[\\i]", L"a", kRefused, kMatch},             // \i inside a class
         {"a+?", L"a", kMatch, kRefused},               // other dialects' syntax
