@@ -110,16 +110,6 @@ TEST(ExpatReaderErrors, MalformedInputNamesReasonAndLine) {
     EXPECT_EQ(L"not well-formed (invalid token) at line 1", ParseError(std::string("<a>x\0y</a>", 10)));
 }
 
-// The input goes to the parser in pieces; the tree must not show where they were cut.
-TEST(ExpatReaderText, TextAndErrorsAcrossInputPieces) {
-    const std::string big(600 * 1024, 'x');
-    CXmlDocument document;
-    document.LoadXml(("<a>" + big + "<b>\r\n</b>" + big + "</a>").c_str());
-    EXPECT_EQ(2 * big.size(), document.GetDocumentElement()->GetText().size());
-    EXPECT_EQ(L"\n", document.GetDocumentElement()->GetFirstElement()->GetText());
-    EXPECT_EQ(L"mismatched tag at line 3", ParseError("<a>\n" + big + "\n</b>"));
-}
-
 TEST(ExpatReaderErrors, TreeReadBeforeTheErrorKeepsItsText) {
     CXmlDocument document;
     EXPECT_THROW(document.LoadXml("<a>head<b>inner</b>tail<c>\x01</c></a>"), CQxException);
