@@ -27,6 +27,10 @@ struct Case {
     unsigned long line, column;
 };
 
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.name;
+}
+
 std::wstring Invalid(const wchar_t* name, const wchar_t* value) {
     return FormatString(L"Invalid Value for %ls [%ls].", name, value);
 }
