@@ -3,6 +3,8 @@
 
 #include "support/FiTesting.h"
 
+#include "foundation/support/MessageOf.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -18,7 +20,8 @@ typedef CFastInfosetContext::EncodedCharacterString Encoding;
 
 // The octets after the header for body under context.
 std::string BodyOctets(const CFastInfosetContext& context, const Body& body) {
-    return Hex(FiTesting::Body(Written(context, body)));
+    const Octets document = Written(context, body);
+    return Hex(Octets(document.begin() + 5, document.end()));
 }
 
 std::string BodyOctets(const Body& body) {
@@ -31,25 +34,10 @@ CFastInfosetContext Suggested() {
     return context;
 }
 
-// The message of the CQxException that body throws while written under context.
-std::wstring Refusal(const CFastInfosetContext& context, const Body& body) {
-    try {
-        Written(context, body);
-    } catch (const CQxException& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
-}
-
 void Element(CFastInfosetWriter& writer, const wchar_t* name, const wchar_t* text = L"") {
     writer.WriteStartElement(name, L"");
     writer.WriteString(text, itString, false);
     writer.WriteEndElement();
-}
-
-TEST(Header, AnEmptyElementAloneIsTheSmallestDocument) {
-    EXPECT_EQ("E0 00 00 01 00 3C 00 72 FF",
-              Hex(Written(CFastInfosetContext(), [](CFastInfosetWriter& w) { Element(w, L"r"); })));
 }
 
 class Declarations : public testing::TestWithParam<int> {};
@@ -118,36 +106,6 @@ struct LayoutCase {
 
 const LayoutCase kLayouts[] = {
     {"childless", [](CFastInfosetWriter& w) { Element(w, L"root"); }, "3C 03 72 6F 6F 74 FF"},
-    {"oneChild",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         Element(w, L"b");
-         w.WriteEndElement();
-     },
-     "3C 00 61 3C 00 62 FF F0"},
-    {"twoChildren",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         Element(w, L"b");
-         Element(w, L"c");
-         w.WriteEndElement();
-     },
-     "3C 00 61 3C 00 62 F0 3C 00 63 FF F0"},
-    {"childWithText",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         Element(w, L"b", L"t");
-         w.WriteEndElement();
-     },
-     "3C 00 61 3C 00 62 90 74 FF F0"},
-    // The attribute list closes with its own terminator before the element's.
-    {"attributeOnly",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         w.WriteAttributeString(L"x", L"", L"1", itString);
-         w.WriteEndElement();
-     },
-     "7C 00 61 78 00 78 40 31 F0 FF"},
     {"childWithAttributeOnly",
      [](CFastInfosetWriter& w) {
          w.WriteStartElement(L"r", L"");
@@ -347,15 +305,6 @@ TEST_P(Typed, ValuesUseTheEncodingOfTheirItemType) {
         w.WriteEndElement();
     });
     EXPECT_EQ("3C 00 72 " + c.chunk + " FF", chunk);
-    // And the reader gives the text back.
-    const std::unique_ptr<CXmlDocument> document = Loaded(Written(context, [&](CFastInfosetWriter& w) {
-        w.WriteStartElement(L"r", L"");
-        w.WriteAttributeString(L"v", L"", c.text, c.type);
-        w.WriteString(c.text, c.type, false);
-        w.WriteEndElement();
-    }));
-    const CXmlElement& root = *document->GetDocumentElement();
-    EXPECT_EQ(root.GetText(), root.GetAttribute(L"v", L""));
 }
 
 INSTANTIATE_TEST_SUITE_P(Suggested, Typed, testing::ValuesIn(kTyped),
@@ -474,7 +423,8 @@ const RefusalCase kRefusals[] = {
 class Refusals : public testing::TestWithParam<RefusalCase> {};
 
 TEST_P(Refusals, RaiseTheirMessageAtTheOffendingCall) {
-    EXPECT_EQ(GetParam().message, Refusal(GetParam().context, GetParam().body));
+    EXPECT_EQ(GetParam().message,
+              MessageOf<CQxException>([] { Written(GetParam().context, GetParam().body); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Writer, Refusals, testing::ValuesIn(kRefusals),

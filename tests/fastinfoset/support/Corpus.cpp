@@ -1,18 +1,19 @@
-#include "Documents.h"
+#include "Corpus.h"
+
+#include "support/Documents.h"
 
 #include "binding/support/ContentSchema.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/Trips.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 namespace fs = std::filesystem;
 using namespace QxXmlLib16;
 
-namespace FiDocuments {
+namespace FiCorpus {
 
 std::vector<Bound> SchemaObjects() {
     typedef CSmartPtr<CXmlObjectBase> Object;
@@ -42,12 +43,10 @@ std::vector<Bound> SchemaObjects() {
 }
 
 std::vector<std::string> GpxFiles() {
-    std::vector<std::string> files;
-    std::error_code error; // a missing folder lists nothing, and the tests say so
-    for (const auto& entry : fs::directory_iterator(FiTesting::SharedData("gpx"), error))
-        if (entry.path().extension() == ".gpx") files.push_back(entry.path().string());
-    std::sort(files.begin(), files.end());
-    files.push_back(FiTesting::SharedData("gpx/long-decimals/garmin-connect-bikeride.gpx"));
+    std::vector<std::string> files = Documents::SharedFiles("gpx", ".gpx");
+    files.push_back("gpx/long-decimals/garmin-connect-bikeride.gpx");
+    for (std::string& file : files)
+        file = Documents::Shared(file);
     return files;
 }
 
@@ -197,4 +196,4 @@ FiTesting::Octets AsFastInfoset(const Script& script) {
                               [&](CFastInfosetWriter& writer) { script.write(writer); });
 }
 
-} // namespace FiDocuments
+} // namespace FiCorpus
