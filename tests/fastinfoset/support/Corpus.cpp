@@ -81,9 +81,11 @@ void Text(CXmlWriter& w, const std::wstring& name, const std::wstring& text) {
 }
 
 // Element names past the two- and three-octet forms on the third bit, attribute names past the
-// two-octet form on the second, then written again by index.
+// two-octet form on the second, then written again by index; local names of each length form.
 void Names(CXmlWriter& w) {
     w.WriteStartElement(L"names", L"");
+    for (size_t length : {64, 65, 320, 321})
+        Text(w, std::wstring(length, L'n'), L"");
     for (int i = 0; i < 2100; ++i)
         Text(w, L"e" + std::to_wstring(i), L"");
     for (int round = 0; round < 2; ++round) {
