@@ -82,11 +82,6 @@ void PrintTo(const Shape& c, std::ostream* os) {
 
 const Shape kShapes[] = {
     {"Value", [](CXmlWriter& w) { Value(w, L"r", L"5", itI4); }, L"{\"r\": 5}", false},
-    {"IntegerKindsAreLiteralsAndStringsQuoted", Root([](CXmlWriter& w) {
-         Value(w, L"a", L"5", itI4);
-         Value(w, L"s", L"5");
-     }),
-     L"{\"r\": {\"a\": 5,\"s\": \"5\"}}", false},
     {"NilIsNullAndNothingIsAnEmptyObject", Root([](CXmlWriter& w) {
          Element(w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); });
          Element(w, L"e", [](CXmlWriter&) {});
@@ -176,11 +171,6 @@ const Shape kShapes[] = {
          w.WriteString(L"t", itString, false);
      }),
      L"{\"r\": {\"a\": [1,2],\"#text\": \"t\"}}", false},
-    {"EscapedText", Root([](CXmlWriter& w) {
-         w.WriteAttributeString(L"q", L"", L"\"<&>\"\n\tx", itString);
-         Value(w, L"t", L"a \"quote\", a \\ and\nlines\tand \xE9\x1F600");
-     }),
-     nullptr, false},
     {"DefaultNamespaceNeedsNoPrefix",
      [](CXmlWriter& w) {
          w.SetDefaultNamespace(L"urn:r");
