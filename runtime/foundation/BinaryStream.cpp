@@ -15,10 +15,9 @@ CBinaryStream::CBinaryStream(const wchar_t* className)
 
 CBinaryStream::~CBinaryStream() = default;
 
-CFileBinaryStream::CFileBinaryStream(const wchar_t* fileName, XmlEncoding encoding)
+CFileBinaryStream::CFileBinaryStream(const wchar_t* fileName, XmlEncoding)
     : CBinaryStream(L"CFileBinaryStream")
-    , m_fileName(fileName ? fileName : L"")
-    , m_encoding(encoding) {}
+    , m_fileName(fileName ? fileName : L"") {}
 
 CFileBinaryStream::CFileBinaryStream(const wchar_t* fileName, XmlEncoding encoding, const CBinaryData& data)
     : CFileBinaryStream(fileName, encoding) {

@@ -46,10 +46,6 @@ constexpr UTF8 kFirstByteMark[5] = {0x00, 0x00, 0xC0, 0xE0, 0xF0};
 template <typename Target>
 struct Replacement;
 template <>
-struct Replacement<UTF8> {
-    static constexpr UTF8 units[] = {0xEF, 0xBF, 0xBD};
-};
-template <>
 struct Replacement<UTF16> {
     static constexpr UTF16 units[] = {0xFFFD};
 };

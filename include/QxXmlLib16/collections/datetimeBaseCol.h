@@ -9,12 +9,12 @@
 namespace QxXmlLib16 {
 
 // The array of dates shared by the five date collections (date, time, dateTime, gYearMonth,
-// gMonthDay); each of them vets the kind of a value and gives its text.
+// gMonthDay); each of them vets the kind of a value. A date carries its kind, so one text serves all.
 class QX_API CdatetimeBaseCol : public CTypedCollection<CdatetimeBaseCol, CDateTime> {
 public:
     using CTypedCollection::CTypedCollection;
 
-    virtual std::wstring ItemToString(const CDateTime& value) const = 0;
+    std::wstring ItemToString(const CDateTime& value) const;
 
 protected:
     // Inserts a value whose kind and facets are already checked, with the add events and index rule

@@ -29,7 +29,7 @@ protected:
 // Octets written to a file in one piece by ToFile.
 class QX_API CFileBinaryStream : public CBinaryStream {
 public:
-    // The encoding is recorded for symmetry with the text streams; octets are written as they are.
+    // The encoding is taken for symmetry with the text streams; octets are written as they are.
     CFileBinaryStream(const wchar_t* fileName, XmlEncoding encoding);
     CFileBinaryStream(const wchar_t* fileName, XmlEncoding encoding, const CBinaryData& data);
 
@@ -38,7 +38,6 @@ public:
 
 private:
     std::wstring m_fileName;
-    XmlEncoding m_encoding;
 };
 
 } // namespace QxXmlLib16

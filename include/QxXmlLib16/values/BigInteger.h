@@ -3,7 +3,6 @@
 #include <QxXmlLib16/foundation/Export.h>
 
 #include <cstddef>
-#include <cstring>
 #include <initializer_list>
 #include <string>
 
