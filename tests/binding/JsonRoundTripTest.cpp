@@ -1,17 +1,21 @@
 // Every test binding through JSON and back: object to JSON to object writes the same XML text, at
 // each round-trip level that keeps what the document needs, and Python's json module reads what we
-// write.
+// write. Then the JSON entry points of bound objects: every output shape reads back through every
+// input shape, and the context's namespace switch is set and put back around a load.
 
 #include "binding/support/ContentSchema.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/Trips.h"
+#include "foundation/support/MessageOf.h"
 #include "json/support/PythonJson.h"
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <fstream>
 #include <functional>
 
 using namespace QxXmlLib16;
@@ -120,32 +124,18 @@ TEST_P(JsonProof, SameXmlAtEveryLevelThatKeepsTheDocument) {
         }
 }
 
-// Without RFC 8259 escaping a document reads back unless its strings hold a line feed (dropped on
-// reading) or a quote (which ends the string early).
-TEST_P(JsonProof, EstablishedEscapingWhereTheStringsAllow) {
-    const ProofCase& proof = GetParam();
-    const Object original = proof.make();
-    const std::wstring strict = original->ToJson(true, eolLF, Context(proof, jrtFull, true));
-    if (PythonJson::HasCharactersLeftUnescaped(strict)) return; // TripFull, below
-    const CSerializationContext context = Context(proof, jrtFull, false);
-    const std::wstring established = original->ToJson(true, eolLF, context);
-    EXPECT_EQ(strict, established);
-    const Object copy = proof.fresh();
-    copy->FromJson(established.c_str(), context);
-    EXPECT_EQ(original->ToXml(), copy->ToXml());
-}
-
 // Python reads all we write under RFC 8259 escaping, and the established form of every document
-// whose strings need no escaping.
-TEST_P(JsonProof, PythonReadsWhatWeWrite) {
+// whose strings need no escaping; that form reads back too. (Without RFC 8259 escaping a line feed
+// is dropped on reading and a quote ends the string early.)
+TEST_P(JsonProof, PythonReadsWhatWeWriteAndEstablishedEscapingReadsBackWhereTheStringsAllow) {
     const ProofCase& proof = GetParam();
     const Object original = proof.make();
     std::vector<std::string> files;
     for (JsonRoundTrip level : {jrtNone, jrtMarkers, jrtFull})
         for (bool formatted : {false, true})
             for (bool rfc8259 : {false, true}) {
-                const std::wstring json =
-                    original->ToJson(formatted, eolCRLF, Context(proof, level, rfc8259));
+                const CSerializationContext context = Context(proof, level, rfc8259);
+                const std::wstring json = original->ToJson(formatted, eolCRLF, context);
                 // Which characters a string holds shows only where they are escaped.
                 if (!rfc8259 && PythonJson::HasCharactersLeftUnescaped(
                                     original->ToJson(formatted, eolCRLF, Context(proof, level, true))))
@@ -154,6 +144,10 @@ TEST_P(JsonProof, PythonReadsWhatWeWrite) {
                     std::string(proof.name) + "_" + std::to_string(level) + std::to_string(formatted) +
                         std::to_string(rfc8259) + ".json",
                     json));
+                if (rfc8259 || level != jrtFull) continue;
+                const Object copy = proof.fresh();
+                copy->FromJson(json.c_str(), context);
+                EXPECT_EQ(original->ToXml(), copy->ToXml());
             }
     EXPECT_GE(files.size(), 6u);
     EXPECT_EQ("", PythonJson::Run(files));
@@ -193,6 +187,126 @@ TEST(JsonRoundTripLosses, WhatTheLowerLevelsCannotCarry) {
         EXPECT_NE(std::wstring::npos,
                   e.GetFullMessage().find(L"Unexpected Attribute found.\nPath: /trip/stop/@type"));
     }
+}
+
+// Every output shape of the entry points reads back through the matching input: text in each
+// layout, UTF-8 streams and files plain and compressed (the loaders take UTF-8 only).
+TEST(JsonEntryPoints, EveryOutputReadsBackThroughItsInput) {
+    using TestSchema::CTrip;
+    const CSmartPtr<CTrip> trip = Trips::NilContact();
+    const CSerializationContext context = Context(kCases[2], jrtFull, false);
+    const std::wstring expected = trip->ToXml();
+    const auto expectSame = [&](const std::function<void(CTrip&)>& load) {
+        CSmartPtr<CTrip> copy(new CTrip());
+        load(*copy);
+        EXPECT_EQ(expected, copy->ToXml());
+    };
+    for (EOLType eol : {eolLF, eolCRLF})
+        for (bool formatted : {false, true}) {
+            const std::wstring json = trip->ToJson(formatted, eol, context);
+            EXPECT_EQ(formatted, json.find(eol == eolLF ? L"{\n" : L"{\r\n") == 0);
+            expectSame([&](CTrip& copy) { copy.FromJson(json.c_str(), context); });
+        }
+    const CBinaryData utf8 = CEncoder::UnicodeToUtf8Binary(trip->ToJson(true, eolLF, context).c_str());
+    expectSame([&](CTrip& copy) {
+        copy.FromJson(std::string(reinterpret_cast<const char*>(utf8.GetData()), utf8.GetLength()).c_str(),
+                      context);
+    });
+    EXPECT_EQ(utf8, trip->ToJsonStream(true, encUTF8, eolLF, context, ctNone));
+    const std::string path = testing::TempDir() + "entry_points.json";
+    const std::wstring widePath(path.begin(), path.end());
+    for (CompressionType compression : {ctNone, ctGzip, ctZlib}) {
+        SCOPED_TRACE(testing::Message() << "compression " << compression);
+        const CBinaryData data = trip->ToJsonStream(true, encUTF8, eolLF, context, compression);
+        expectSame([&](CTrip& copy) { copy.FromJsonStream(data, context); });
+        EXPECT_NE(0u, trip->ToJsonStream(true, encUTF16, eolLF, context, compression).GetLength());
+        if (compression == ctZlib) {
+            std::remove(path.c_str());
+            EXPECT_EQ(L"ZLIB Compression only available for To Stream methods.", MessageOf<CQxException>([&] {
+                          trip->ToJsonFile(widePath.c_str(), true, encUTF8, eolLF, context, ctZlib);
+                      }));
+            EXPECT_FALSE(std::ifstream(path).good());
+            continue;
+        }
+        trip->ToJsonFile(widePath.c_str(), true, encUTF8, eolCRLF, context, compression);
+        EXPECT_EQ(compression == ctGzip ? 0x1F : '{', std::ifstream(path, std::ios::binary).get());
+        expectSame([&](CTrip& copy) { copy.FromJsonFile(widePath.c_str(), context); });
+    }
+    std::remove(path.c_str());
+}
+
+// Notes the namespace switch its load sees, and can refuse the load.
+class CSwitchProbe : public CXmlObjectBase {
+public:
+    bool sawIgnoreNamespaces = false;
+    bool refuse = false;
+    CXmlObjectBase* GetBase() override { return this; }
+    std::wstring GetTargetNamespace() const override { return L""; }
+    std::wstring GetNamespace() const override { return L""; }
+
+protected:
+    void ToXml_Int(CXmlWriter*, bool, const wchar_t*, const CSerializationContext&, bool) const override {}
+    CXmlElement* FromXml_Int(CXmlElement*, CXmlElement* firstChild, const CSerializationContext& context,
+                             bool) override {
+        sawIgnoreNamespaces = context.GetIgnoreNamespaces();
+        if (refuse) throw CQxValidationException(L"refused", L"/r");
+        return firstChild;
+    }
+};
+
+// Below level 2 the load matches names by their local part; the switch is put back afterwards,
+// whether the load succeeds or fails.
+TEST(JsonEntryPoints, NamespaceSwitchIsSetForTheLoadAndPutBack) {
+    for (JsonRoundTrip level : {jrtNone, jrtMarkers, jrtFull})
+        for (bool refuse : {false, true}) {
+            SCOPED_TRACE(testing::Message() << "level " << level << " refuse " << refuse);
+            CSerializationContext context;
+            context.GetJsonContext()->SetSupportRoundtrip(level);
+            CSmartPtr<CSwitchProbe> probe(new CSwitchProbe);
+            probe->refuse = refuse;
+            EXPECT_EQ(refuse ? L"refused\nPath: /r" : L"(no exception)",
+                      MessageOf<CQxException>([&] { probe->FromJson(L"{\"r\": 1}", context); }));
+            EXPECT_EQ(level != jrtFull, probe->sawIgnoreNamespaces);
+            EXPECT_FALSE(context.GetIgnoreNamespaces());
+        }
+    // The value put back is the computed one: with SchemaType 2 the switch itself stays set.
+    CSerializationContext context;
+    context.SetSchemaType(stNoNamespaces);
+    CSmartPtr<CSwitchProbe> probe(new CSwitchProbe);
+    probe->FromJson(L"{\"r\": 1}", context);
+    context.SetSchemaType(stDefault);
+    EXPECT_TRUE(context.GetIgnoreNamespaces());
+}
+
+TEST(JsonEntryPoints, GrammarErrorsReachTheCaller) {
+    CSmartPtr<TestSchema::CTrip> trip(new TestSchema::CTrip());
+    EXPECT_EQ(L"Unexpected End of File. Expected Object terminator character '}' at line 1, position 16.\n"
+              L"Path: .trip",
+              MessageOf<CQxValidationException>(
+                  [&] { trip->FromJson(L"{\"trip\": {\"a\": 1", CSerializationContext()); }));
+    EXPECT_EQ(L"JSON String is empty!",
+              MessageOf<CQxException>([&] { trip->FromJson(L"", CSerializationContext()); }));
+}
+
+// Wildcard content of any depth writes as JSON without recursion; reading JSON stops at the
+// reader's depth limit with its message, long before any stack would suffer.
+TEST(JsonEntryPoints, MillionLevelsWriteWholeAndReadUpToTheLimit) {
+    const size_t depth = 1000000;
+    std::wstring xml;
+    for (size_t i = 0; i < depth; ++i)
+        xml += L"<a>";
+    xml += L"leaf";
+    for (size_t i = 0; i < depth; ++i)
+        xml += L"</a>";
+    CSmartPtr<CElement> element(new CElement(L"a"));
+    element->FromXml(xml.c_str());
+    const std::wstring json = element->ToJson(false);
+    ASSERT_EQ(7 * (depth - 1) + 11 + 2, json.size());
+    EXPECT_EQ(0u, json.find(L"{\"a\": {\"a\": {"));
+    EXPECT_EQ(json.size() - depth - 11, json.find(L"\"a\": \"leaf\"}"));
+    EXPECT_EQ(0u, MessageOf<CQxValidationException>([&] {
+                      element->FromJson(json.c_str());
+                  }).find(L"JSON exceeded depth limit at line 1, position 601.\nPath: .a.a.a"));
 }
 
 } // namespace

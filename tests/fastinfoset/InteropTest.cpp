@@ -5,6 +5,8 @@
 //   XML text gives, and into the same bound objects.
 // Each direction converts all its documents in one batch (one JVM).
 
+#include "support/Corpus.h"
+
 #include "support/Documents.h"
 
 #include "GpxBindings.h"
@@ -16,7 +18,7 @@
 
 using namespace QxXmlLib16;
 using namespace FiTesting;
-using namespace FiDocuments;
+using namespace FiCorpus;
 
 namespace {
 
@@ -35,11 +37,8 @@ CSerializationContext GpxContext() {
 }
 
 std::string FileName(const std::string& path) {
-    std::string name = path.substr(path.rfind('/') + 1);
-    name = name.substr(0, name.find('.'));
-    for (char& c : name)
-        if (!isalnum(static_cast<unsigned char>(c))) c = '_';
-    return name;
+    const std::string name = path.substr(path.rfind('/') + 1);
+    return Documents::TestName(name.substr(0, name.find('.')));
 }
 
 // The GPX documents, the generated one made only when first needed.

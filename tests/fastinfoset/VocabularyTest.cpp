@@ -1,14 +1,14 @@
-// The vocabulary tables: what a new one holds, how entries are numbered and found both ways, the
-// limit of 2^20 entries, and copies.
+// The vocabulary tables: what a new one holds, how entries are numbered and found, and the limit of
+// 2^20 entries, whose last index the writer and reader take in the longest integer form.
 
-#include <QxXmlLib16/fastinfoset/FIVocabulary.h>
-#include <QxXmlLib16/xml/XmlWriter.h>
+#include "support/FiTesting.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 using namespace QxXmlLib16;
+using namespace FiTesting;
 
 namespace {
 
@@ -34,18 +34,15 @@ class StringTables : public testing::TestWithParam<StringTable> {};
 TEST_P(StringTables, NumberEntriesInOrderAndFindThemByValueAndByIndex) {
     V vocabulary;
     V::CFIStringTable& table = (vocabulary.*GetParam().table)();
-    (vocabulary.*GetParam().add)(L"b");
-    (vocabulary.*GetParam().add)(L"a");
-    (vocabulary.*GetParam().add)(L"b"); // known: nothing changes
-    const uint64_t first = GetParam().firstFree;
+    for (const wchar_t* text : {L"b", L"a", L"b"}) // the second "b" is known: nothing changes
+        (vocabulary.*GetParam().add)(text);
     uint64_t index = 0;
-    ASSERT_TRUE(V::FindIndex(table.GetMap(), L"b", index));
-    EXPECT_EQ(first, index);
-    EXPECT_EQ(L"b", table.GetVector()[index - 1]);
-    ASSERT_TRUE(V::FindIndex(table.GetMap(), L"a", index));
-    EXPECT_EQ(first + 1, index);
-    EXPECT_EQ(L"a", table.GetVector()[index - 1]);
-    EXPECT_EQ(first + 1, table.GetVector().size());
+    for (const std::wstring text : {L"b", L"a"}) {
+        ASSERT_TRUE(V::FindIndex(table.GetMap(), text, index));
+        EXPECT_EQ(GetParam().firstFree + (text == L"a"), index);
+        EXPECT_EQ(text, table.GetVector()[index - 1]);
+    }
+    EXPECT_EQ(GetParam().firstFree + 1, table.GetVector().size());
     EXPECT_FALSE(V::FindIndex(table.GetMap(), L"c", index));
 }
 
@@ -60,10 +57,8 @@ TEST(Vocabulary, StartsWithTheXmlPrefixItsNamespaceAndTheBuiltInAlphabets) {
     EXPECT_TRUE(vocabulary.FindNamespaceNameIndex(CXmlWriter::XML_NAMESPACE, index));
     EXPECT_EQ(1u, index);
     EXPECT_FALSE(vocabulary.FindLocalNameIndex(L"xml", index));
-    ASSERT_EQ(2u, vocabulary.GetRestrictedAlphabets().size());
-    EXPECT_EQ(L"0123456789-+.e ", vocabulary.GetRestrictedAlphabets()[0]);
-    EXPECT_EQ(L"0123456789-:TZ ", vocabulary.GetRestrictedAlphabets()[1]);
-    EXPECT_TRUE(vocabulary.GetElementNamesTable().GetVector().empty());
+    EXPECT_EQ((std::vector<std::wstring>{L"0123456789-+.e ", L"0123456789-:TZ "}),
+              vocabulary.GetRestrictedAlphabets());
 }
 
 TEST(Vocabulary, QualifiedNamesAddTheirMissingPartsFirstAndShareKnownOnes) {
@@ -72,71 +67,55 @@ TEST(Vocabulary, QualifiedNamesAddTheirMissingPartsFirstAndShareKnownOnes) {
     vocabulary.AddAttribute(L"", L"", L"item");
     vocabulary.AddAttribute(L"xml", CXmlWriter::XML_NAMESPACE, L"lang");
     vocabulary.AddElement(L"p", L"urn:x", L"item"); // known
+    const auto indexes = [](const V::QNameVector& names) {
+        std::string text;
+        for (const auto& name : names)
+            text += std::to_string(name.prefixIndex) + std::to_string(name.namespaceIndex) +
+                    std::to_string(name.localNameIndex) + " ";
+        return text;
+    };
+    EXPECT_EQ("221 ", indexes(vocabulary.GetElementNamesTable().GetVector()));
+    EXPECT_EQ("001 112 ", indexes(vocabulary.GetAttributeNamesTable().GetVector()));
 
-    const V::QNameVector& elements = vocabulary.GetElementNamesTable().GetVector();
-    ASSERT_EQ(1u, elements.size());
-    EXPECT_EQ(2u, elements[0].prefixIndex);
-    EXPECT_EQ(2u, elements[0].namespaceIndex);
-    EXPECT_EQ(1u, elements[0].localNameIndex);
-    const V::QNameVector& attributes = vocabulary.GetAttributeNamesTable().GetVector();
-    ASSERT_EQ(2u, attributes.size());
-    EXPECT_EQ(0u, attributes[0].prefixIndex);
-    EXPECT_EQ(0u, attributes[0].namespaceIndex);
-    EXPECT_EQ(1u, attributes[0].localNameIndex);
-    EXPECT_EQ(1u, attributes[1].prefixIndex);
-    EXPECT_EQ(1u, attributes[1].namespaceIndex);
-    EXPECT_EQ(2u, attributes[1].localNameIndex);
-
+    const V::IndexMap& elements = vocabulary.GetElementNamesTable().GetMap();
     uint64_t index = 0;
-    EXPECT_TRUE(V::FindIndex(vocabulary.GetElementNamesTable().GetMap(), V::QNameKey(L"p", L"urn:x", L"item"),
-                             index));
+    EXPECT_TRUE(V::FindIndex(elements, V::QNameKey(L"p", L"urn:x", L"item"), index));
     EXPECT_EQ(1u, index);
     // The same local name in another namespace or with another prefix is another name.
-    EXPECT_FALSE(V::FindIndex(vocabulary.GetElementNamesTable().GetMap(),
-                              V::QNameKey(L"q", L"urn:x", L"item"), index));
-    EXPECT_FALSE(
-        V::FindIndex(vocabulary.GetElementNamesTable().GetMap(), V::QNameKey(L"", L"", L"item"), index));
+    EXPECT_FALSE(V::FindIndex(elements, V::QNameKey(L"q", L"urn:x", L"item"), index));
+    EXPECT_FALSE(V::FindIndex(elements, V::QNameKey(L"", L"", L"item"), index));
 }
 
-TEST(Vocabulary, TablesTakeNoMoreThan2pw20EntriesAndStayInStep) {
-    V vocabulary;
-    V::CFIStringTable& table = vocabulary.GetAttributeValuesTable();
-    for (uint64_t i = 0; i < V::kMaxTableSize; ++i)
+TEST(Vocabulary, TablesTakeNoMoreThan2pw20EntriesAndTheLastIsWrittenAndReadByIndex) {
+    CFastInfosetContext context;
+    context.SetUseGeneratedVocabulary(true);
+    V& vocabulary = context.GetVocabulary();
+    for (uint64_t i = 1; i < V::kMaxTableSize; ++i)
         vocabulary.AddAttributeValue(std::to_wstring(i));
+    vocabulary.AddAttributeValue(L"last"); // short enough to go by index
     vocabulary.AddAttributeValue(L"one too many");
-    V::AddValueToVector(L"one too many", table.GetVector());
-    EXPECT_EQ(V::kMaxTableSize, table.GetMap().size());
-    EXPECT_EQ(V::kMaxTableSize, table.GetVector().size());
-    uint64_t index = 0;
-    EXPECT_TRUE(V::FindIndex(table.GetMap(), L"1048575", index));
-    EXPECT_EQ(V::kMaxTableSize, index);
-    EXPECT_EQ(L"1048575", table.GetVector().back());
-    EXPECT_FALSE(V::FindIndex(table.GetMap(), L"one too many", index));
-
+    V::AddValueToVector(L"one too many", vocabulary.GetAttributeValuesTable().GetVector());
     V::QNameVector names(V::kMaxTableSize);
     V::AddQNameToVector(0, 0, 1, names);
     EXPECT_EQ(V::kMaxTableSize, names.size());
-}
+    EXPECT_EQ(V::kMaxTableSize, vocabulary.GetAttributeValuesTable().GetMap().size());
+    EXPECT_EQ(V::kMaxTableSize, vocabulary.GetAttributeValuesTable().GetVector().size());
 
-TEST(Vocabulary, CopiesEveryTableWithItsIndexes) {
-    V original;
-    original.AddElement(L"p", L"urn:x", L"a");
-    original.AddAttributeValue(L"v");
-    original.AddElementValue(L"t");
-    original.GetRestrictedAlphabets().push_back(L"ab");
-    V copy(original);
-    copy.AddAttributeValue(L"w");
-
-    uint64_t index = 0;
-    EXPECT_TRUE(copy.FindPrefixNameIndex(L"p", index));
-    EXPECT_EQ(2u, index);
-    EXPECT_TRUE(V::FindIndex(copy.GetElementNamesTable().GetMap(), V::QNameKey(L"p", L"urn:x", L"a"), index));
-    EXPECT_EQ(1u, index);
-    EXPECT_TRUE(V::FindIndex(copy.GetCharacterChunksTable().GetMap(), L"t", index));
-    EXPECT_EQ(3u, copy.GetRestrictedAlphabets().size());
-    EXPECT_TRUE(V::FindIndex(copy.GetAttributeValuesTable().GetMap(), L"w", index));
-    EXPECT_EQ(2u, index);
-    EXPECT_FALSE(V::FindIndex(original.GetAttributeValuesTable().GetMap(), L"w", index));
+    // The last index, and a value the full table cannot take: literal each time.
+    const Octets octets = Written(context, [](CFastInfosetWriter& w) {
+        w.WriteStartElement(L"r", L"");
+        w.WriteAttributeString(L"a", L"", L"last", itString);
+        for (const wchar_t* name : {L"b", L"c"})
+            w.WriteAttributeString(name, L"", L"x", itString);
+        w.WriteEndElement();
+    });
+    EXPECT_EQ("78 00 61 EF DF BF 78 00 62", Hex(Octets(octets.end() - 18, octets.end() - 9)));
+    EXPECT_EQ("78 00 63", Hex(Octets(octets.end() - 7, octets.end() - 4)));
+    CSerializationContext reading;
+    *reading.GetFIContext() = context;
+    const std::unique_ptr<CXmlDocument> document = Loaded(octets, reading);
+    EXPECT_EQ(L"last", document->GetDocumentElement()->GetAttribute(L"a", L""));
+    EXPECT_EQ(L"x", document->GetDocumentElement()->GetAttribute(L"c", L""));
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 
 #include "support/FiTesting.h"
 
+#include "foundation/support/MessageOf.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -18,7 +20,8 @@ typedef CFastInfosetContext::EncodedCharacterString Encoding;
 
 // The octets after the header for body under context.
 std::string BodyOctets(const CFastInfosetContext& context, const Body& body) {
-    return Hex(FiTesting::Body(Written(context, body)));
+    const Octets document = Written(context, body);
+    return Hex(Octets(document.begin() + 5, document.end()));
 }
 
 std::string BodyOctets(const Body& body) {
@@ -31,25 +34,10 @@ CFastInfosetContext Suggested() {
     return context;
 }
 
-// The message of the CQxException that body throws while written under context.
-std::wstring Refusal(const CFastInfosetContext& context, const Body& body) {
-    try {
-        Written(context, body);
-    } catch (const CQxException& e) {
-        return e.GetMessage();
-    }
-    return L"(no exception)";
-}
-
 void Element(CFastInfosetWriter& writer, const wchar_t* name, const wchar_t* text = L"") {
     writer.WriteStartElement(name, L"");
     writer.WriteString(text, itString, false);
     writer.WriteEndElement();
-}
-
-TEST(Header, AnEmptyElementAloneIsTheSmallestDocument) {
-    EXPECT_EQ("E0 00 00 01 00 3C 00 72 FF",
-              Hex(Written(CFastInfosetContext(), [](CFastInfosetWriter& w) { Element(w, L"r"); })));
 }
 
 class Declarations : public testing::TestWithParam<int> {};
@@ -86,27 +74,19 @@ TEST(Header, OutsideTheDeclarationsIsRefused) {
     EXPECT_THROW(writer.WriteStartDocument(static_cast<FInfoDecl>(-1)), CQxInvalidParamException);
 }
 
+// A generated vocabulary is named in the header, and its entries go by index from the start.
 TEST(Header, NamesTheExternalVocabularyWhenTheGeneratedOneIsUsed) {
     CFastInfosetContext context;
     context.SetUseGeneratedVocabulary(true);
     const Octets fixed = Written(context, [](CFastInfosetWriter& w) { Element(w, L"r"); });
     const std::string uri = "urn:qxxmllib16:fastinfoset:vocabulary";
-    ASSERT_EQ(4 + 3 + 1 + uri.size() + 4, fixed.size());
-    EXPECT_EQ("E0 00 00 01 20 10 00 24", Hex(Octets(fixed.begin(), fixed.begin() + 8)));
-    EXPECT_EQ(uri, std::string(fixed.begin() + 8, fixed.begin() + 8 + uri.size()));
+    EXPECT_EQ("E0 00 00 01 20 10 00 24 " + Hex(Octets(uri.begin(), uri.end())) + " 3C 00 72 FF", Hex(fixed));
 
     context.SetExternalVocabularyURI(L"urn:example:vocab");
-    EXPECT_EQ("E0 00 00 01 20 10 00 10 75 72 6E 3A 65 78 61 6D 70 6C 65 3A 76 6F 63 61 62 3C 00 72 FF",
-              Hex(Written(context, [](CFastInfosetWriter& w) { Element(w, L"r"); })));
-}
-
-TEST(Header, GeneratedVocabularyEntriesAreWrittenByIndexFromTheStart) {
-    CFastInfosetContext context;
-    context.SetUseGeneratedVocabulary(true);
     context.GetVocabulary().AddElement(L"", L"", L"r");
     context.GetVocabulary().AddElementValue(L"go");
-    const Octets octets = Written(context, [](CFastInfosetWriter& w) { Element(w, L"r", L"go"); });
-    EXPECT_EQ("00 A0 FF", Hex(Octets(octets.end() - 3, octets.end())));
+    EXPECT_EQ("E0 00 00 01 20 10 00 10 75 72 6E 3A 65 78 61 6D 70 6C 65 3A 76 6F 63 61 62 00 A0 FF",
+              Hex(Written(context, [](CFastInfosetWriter& w) { Element(w, L"r", L"go"); })));
 }
 
 // The terminations of the notes' examples, and of text after a child element.
@@ -118,36 +98,6 @@ struct LayoutCase {
 
 const LayoutCase kLayouts[] = {
     {"childless", [](CFastInfosetWriter& w) { Element(w, L"root"); }, "3C 03 72 6F 6F 74 FF"},
-    {"oneChild",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         Element(w, L"b");
-         w.WriteEndElement();
-     },
-     "3C 00 61 3C 00 62 FF F0"},
-    {"twoChildren",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         Element(w, L"b");
-         Element(w, L"c");
-         w.WriteEndElement();
-     },
-     "3C 00 61 3C 00 62 F0 3C 00 63 FF F0"},
-    {"childWithText",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         Element(w, L"b", L"t");
-         w.WriteEndElement();
-     },
-     "3C 00 61 3C 00 62 90 74 FF F0"},
-    // The attribute list closes with its own terminator before the element's.
-    {"attributeOnly",
-     [](CFastInfosetWriter& w) {
-         w.WriteStartElement(L"a", L"");
-         w.WriteAttributeString(L"x", L"", L"1", itString);
-         w.WriteEndElement();
-     },
-     "7C 00 61 78 00 78 40 31 F0 FF"},
     {"childWithAttributeOnly",
      [](CFastInfosetWriter& w) {
          w.WriteStartElement(L"r", L"");
@@ -347,15 +297,6 @@ TEST_P(Typed, ValuesUseTheEncodingOfTheirItemType) {
         w.WriteEndElement();
     });
     EXPECT_EQ("3C 00 72 " + c.chunk + " FF", chunk);
-    // And the reader gives the text back.
-    const std::unique_ptr<CXmlDocument> document = Loaded(Written(context, [&](CFastInfosetWriter& w) {
-        w.WriteStartElement(L"r", L"");
-        w.WriteAttributeString(L"v", L"", c.text, c.type);
-        w.WriteString(c.text, c.type, false);
-        w.WriteEndElement();
-    }));
-    const CXmlElement& root = *document->GetDocumentElement();
-    EXPECT_EQ(root.GetText(), root.GetAttribute(L"v", L""));
 }
 
 INSTANTIATE_TEST_SUITE_P(Suggested, Typed, testing::ValuesIn(kTyped),
@@ -474,7 +415,8 @@ const RefusalCase kRefusals[] = {
 class Refusals : public testing::TestWithParam<RefusalCase> {};
 
 TEST_P(Refusals, RaiseTheirMessageAtTheOffendingCall) {
-    EXPECT_EQ(GetParam().message, Refusal(GetParam().context, GetParam().body));
+    EXPECT_EQ(GetParam().message,
+              MessageOf<CQxException>([] { Written(GetParam().context, GetParam().body); }));
 }
 
 INSTANTIATE_TEST_SUITE_P(Writer, Refusals, testing::ValuesIn(kRefusals),

@@ -115,11 +115,6 @@ TEST(JsonDocument, InvalidUtf8IsRefusedWithItsOffset) {
     }
 }
 
-TEST(JsonDocument, GrammarErrorsComeThroughWithTheirPosition) {
-    EXPECT_EQ(L"Expected Object separator character ',', found '\"' at line 2, position 3.\nPath: .r",
-              MessageOf<CQxException>([] { FromStream("{\"r\": {\"a\": 1\n  \"b\": 2}}"); }));
-}
-
 // A 100 MB document of one string is read in one pass, whether the string closes or not.
 TEST(JsonDocument, AHundredMegabyteString) {
     std::string bytes = "{\"a\": \"" + std::string(100000000, 'x');

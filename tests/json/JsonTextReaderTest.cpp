@@ -175,6 +175,10 @@ const ErrorCase kErrorCases[] = {
     {"MisspeltLiteral", L"[tru]", L"Expected 'true', found ']' at line 1, position 5."},
     {"EndInLiteral", L"[nul", L"Unexpected End of File. Expected 'null' at line 1, position 4."},
     {"TrailingContent", L"{} {}", L"Expected End of File, found '{' at line 1, position 4."},
+    // Lines counted inside comments too.
+    {"AfterCommentsOverLines", L"[1, /* a\n b */ // c\n  x]",
+     L"Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null', found 'x' at line 3, position "
+     L"3."},
     {"UnterminatedComment", L"[1 /* no end",
      L"Unexpected End of File. Expected Array terminator character ']' at line 1, position 12."},
     {"ByteOrderMarkIsNoValue", L"\xFEFF{}",

@@ -1,10 +1,16 @@
 // The JSON writer on its own, driven as the binding drives it: element, attribute and text calls,
-// with the context states a collection descriptor sets around its items.
+// with the context states a collection descriptor sets around its items. Every shape it writes
+// also reads back: the JSON turned into XML gives the XML text writer's output for the same calls.
 
+#include <QxXmlLib16/binding/SerializationContext.h>
+#include <QxXmlLib16/foundation/Encoder.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/TextStream.h>
+#include <QxXmlLib16/json/JsonTextReader.h>
 #include <QxXmlLib16/json/JsonTextWriter.h>
+#include <QxXmlLib16/xml/XmlTextWriter.h>
 
+#include "foundation/support/MessageOf.h"
 #include "json/support/WriterCalls.h"
 
 #include <gtest/gtest.h>
@@ -41,24 +47,192 @@ std::wstring Json(const Writes& writes, Options options = Options()) {
 }
 
 std::wstring Thrown(const Writes& writes, Options options = Options()) {
-    try {
-        Json(writes, options);
-    } catch (const CQxException& e) {
-        return e.GetMessage();
-    }
-    return L"(nothing thrown)";
+    return MessageOf<CQxException>([&] { Json(writes, options); });
 }
 
 Writes Root(const Writes& content) {
     return [content](CXmlWriter& w) { Element(w, L"r", content); };
 }
 
-} // namespace
-
-TEST(JsonWriterValues, IntegerKindsAreLiteralsAndStringsQuoted) {
-    EXPECT_EQ(L"{\"r\": {\"a\": 5}}", Json(Root([](CXmlWriter& w) { Value(w, L"a", L"5", itI4); })));
-    EXPECT_EQ(L"{\"r\": {\"a\": \"5\"}}", Json(Root([](CXmlWriter& w) { Value(w, L"a", L"5"); })));
+std::wstring XmlText(const Writes& writes) {
+    CTextStream stream;
+    CXmlTextWriter writer(stream);
+    writes(writer);
+    writer.Close();
+    return stream.GetText();
 }
+
+std::wstring JsonToXmlText(const std::wstring& json, JsonRoundTrip level) {
+    CSerializationContext context;
+    context.GetJsonContext()->SetSupportRoundtrip(level);
+    const CBinaryData xml = CJsonTextReader::ConvertJsonToXml(json, context);
+    return CEncoder::Utf8ToUnicode(xml.GetData(), static_cast<int>(xml.GetLength()));
+}
+
+struct Shape {
+    const char* name;
+    Writes writes;
+    const wchar_t* json; // at level 2, unformatted; null where only the reading back is checked
+    bool usesNamespaces; // so read back at level 2 only
+};
+
+void PrintTo(const Shape& c, std::ostream* os) {
+    *os << c.name;
+}
+
+const Shape kShapes[] = {
+    {"Value", [](CXmlWriter& w) { Value(w, L"r", L"5", itI4); }, L"{\"r\": 5}", false},
+    {"NilIsNullAndNothingIsAnEmptyObject", Root([](CXmlWriter& w) {
+         Element(w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); });
+         Element(w, L"e", [](CXmlWriter&) {});
+         Value(w, L"s", L"");
+         Element(w, L"a", [](CXmlWriter& w) {
+             w.WriteAttributeString(L"x", L"", L"1", itI4);
+             w.WriteAttributeNil();
+         });
+     }),
+     L"{\"r\": {\"n\": null,\"e\": {},\"s\": \"\",\"a\": {\"@x\": 1,\"#text\": null}}}", false},
+    {"OnlyAttributes", Root([](CXmlWriter& w) {
+         Element(w, L"a", [](CXmlWriter& w) { w.WriteAttributeString(L"x", L"", L"1", itI4); });
+         Value(w, L"b", L"2");
+     }),
+     L"{\"r\": {\"a\": {\"@x\": 1},\"b\": \"2\"}}", false},
+    {"AttributesAndText",
+     [](CXmlWriter& w) {
+         Element(w, L"r", [](CXmlWriter& w) {
+             w.WriteAttributeString(L"x", L"", L"1", itI4);
+             w.WriteAttributeString(L"y", L"", L"true", itBoolean);
+             w.WriteString(L"t", itString, false);
+         });
+     },
+     L"{\"r\": {\"@x\": 1,\"@y\": true,\"#text\": \"t\"}}", false},
+    // Repeated simple elements are an array of values, so that a collection of primitives reads
+    // back as a collection.
+    {"MembersAfterACollectionAndCollectionsInARow", Root([](CXmlWriter& w) {
+         Collection(w, [](CXmlWriter& w) {
+             Value(w, L"a", L"1", itI4);
+             Value(w, L"a", L"2", itI4);
+         });
+         Collection(w, [](CXmlWriter& w) {
+             Element(w, L"b", [](CXmlWriter& w) { Value(w, L"c", L"3", itI4); });
+             Element(w, L"b", [](CXmlWriter& w) { w.WriteAttributeNil(); });
+         });
+         Value(w, L"z", L"end");
+     }),
+     L"{\"r\": {\"a\": [1,2],\"b\": [{\"c\": 3},null],\"z\": \"end\"}}", false},
+    {"RepeatedObjectsWithAttributes", Root([](CXmlWriter& w) {
+         Collection(w, [](CXmlWriter& w) {
+             for (const wchar_t* id : {L"1", L"2"})
+                 Element(w, L"item", [id](CXmlWriter& w) {
+                     w.WriteAttributeString(L"id", L"", id, itI4);
+                     Value(w, L"v", L"x");
+                 });
+         });
+     }),
+     L"{\"r\": {\"item\": [{\"@id\": 1,\"v\": \"x\"},{\"@id\": 2,\"v\": \"x\"}]}}", false},
+    {"RepeatedValuesNilsAndEmptyOnes", Root([](CXmlWriter& w) {
+         Collection(w, [](CXmlWriter& w) {
+             Value(w, L"v", L"1.5", itDecimal);
+             Element(w, L"v", [](CXmlWriter& w) { w.WriteAttributeNil(); });
+             Value(w, L"v", L"", itString);
+             Element(w, L"v", [](CXmlWriter&) {});
+         });
+         Collection(w, [](CXmlWriter& w) { Value(w, L"one", L"1"); });
+     }),
+     L"{\"r\": {\"v\": [1.5,null,\"\",{}],\"one\": [\"1\"]}}", false},
+    // The items of a repeated group are elements of several names: each name change ends the
+    // array, so that every element keeps its key and the order survives.
+    {"ItemsOfSeveralNamesKeepTheirKeys", Root([](CXmlWriter& w) {
+         Collection(w, [](CXmlWriter& w) {
+             Value(w, L"a", L"1", itI4);
+             Value(w, L"b", L"2", itI4);
+             Value(w, L"a", L"3", itI4);
+             Value(w, L"b", L"4", itI4);
+         });
+     }),
+     L"{\"r\": {\"a\": [1],\"b\": 2,\"a\": 3,\"b\": 4}}", false},
+    {"NestedCollections", Root([](CXmlWriter& w) {
+         Collection(w, [](CXmlWriter& w) {
+             for (int i = 0; i < 2; ++i)
+                 Element(w, L"seg", [](CXmlWriter& w) {
+                     Collection(w, [](CXmlWriter& w) {
+                         Value(w, L"pt", L"1", itI4);
+                         Value(w, L"pt", L"2", itI4);
+                     });
+                 });
+         });
+     }),
+     L"{\"r\": {\"seg\": [{\"pt\": [1,2]},{\"pt\": [1,2]}]}}", false},
+    {"TextAfterRepeatedChildrenClosesTheArray", Root([](CXmlWriter& w) {
+         Collection(w, [](CXmlWriter& w) {
+             Value(w, L"a", L"1", itI4);
+             Value(w, L"a", L"2", itI4);
+         });
+         w.WriteString(L"t", itString, false);
+     }),
+     L"{\"r\": {\"a\": [1,2],\"#text\": \"t\"}}", false},
+    {"DefaultNamespaceNeedsNoPrefix",
+     [](CXmlWriter& w) {
+         w.SetDefaultNamespace(L"urn:r");
+         Element(
+             w, L"r",
+             [](CXmlWriter& w) {
+                 Element(
+                     w, L"a", [](CXmlWriter& w) { w.WriteString(L"1", itI4, false); }, L"urn:r");
+             },
+             L"urn:r");
+     },
+     L"{\"r\": {\"@xmlns\": \"urn:r\",\"a\": 1}}", true},
+    {"Namespaces",
+     [](CXmlWriter& w) {
+         w.SetDefaultNamespace(L"urn:d");
+         w.AddNamespace(L"p", L"urn:p");
+         w.AddNamespace(L"xsi", CXmlWriter::XSI_NAMESPACE);
+         Element(
+             w, L"r",
+             [](CXmlWriter& w) {
+                 w.WriteAttributeString(L"a", L"urn:p", L"1", itString);
+                 w.WriteAttributeType(L"urn:p", L"T", itString);
+                 Element(
+                     w, L"c", [](CXmlWriter& w) { Value(w, L"d", L"x"); }, L"urn:p");
+                 Element(
+                     w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); }, L"urn:p");
+             },
+             L"urn:d");
+     },
+     nullptr, true},
+    {"RootPrefixMadeByTheWriter",
+     [](CXmlWriter& w) {
+         Element(
+             w, L"r", [](CXmlWriter& w) { Value(w, L"v", L"1"); }, L"urn:r");
+     },
+     L"{\"AA:r\": {\"@xmlns:AA\": \"urn:r\",\"v\": \"1\"}}", true},
+};
+
+class JsonWriterShapes : public testing::TestWithParam<Shape> {};
+
+TEST_P(JsonWriterShapes, AreWrittenAndReadBackAsTheSameXml) {
+    Options options;
+    options.rfc8259 = true;
+    if (GetParam().json) EXPECT_EQ(GetParam().json, Json(GetParam().writes, options));
+    const std::wstring expected = XmlText(GetParam().writes);
+    for (JsonRoundTrip level : {jrtMarkers, jrtFull}) {
+        if (level == jrtMarkers && GetParam().usesNamespaces) continue;
+        for (bool formatted : {false, true}) {
+            options.level = level;
+            options.format = formatted;
+            const std::wstring json = Json(GetParam().writes, options);
+            EXPECT_EQ(expected, JsonToXmlText(json, level))
+                << "level " << level << " formatted " << formatted << "\n"
+                << testing::PrintToString(json);
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Writer, JsonWriterShapes, testing::ValuesIn(kShapes),
+                         [](const testing::TestParamInfo<Shape>& info) { return info.param.name; });
+
+} // namespace
 
 // Texts of the numeric and boolean kinds that are no JSON literal are strings, so that the output
 // stays JSON.
@@ -125,17 +299,6 @@ TEST(JsonWriterLevels, NamespacesOnlyAtLevelTwo) {
     EXPECT_EQ(L"{\"r\": {\"c\": {\"@lang\": \"en\",\"@q\": 1}}}", Json(qualified, options));
 }
 
-TEST(JsonWriterLevels, DefaultNamespaceNeedsNoPrefix) {
-    EXPECT_EQ(L"{\"r\": {\"@xmlns\": \"urn:r\",\"a\": 1}}", Json([](CXmlWriter& w) {
-                  w.SetDefaultNamespace(L"urn:r");
-                  w.WriteStartElement(L"r", L"urn:r");
-                  w.WriteStartElement(L"a", L"urn:r");
-                  w.WriteString(L"1", itI4, false);
-                  w.WriteEndElement();
-                  w.WriteEndElement();
-              }));
-}
-
 TEST(JsonWriterLevels, NamespacesBelowTheRootMustBeDeclaredThere) {
     EXPECT_EQ(L"Unknown Namespace: c.", Thrown([](CXmlWriter& w) {
                   w.WriteStartElement(L"r", L"urn:r");
@@ -193,78 +356,6 @@ TEST(JsonWriterArrays, RepeatedObjectsFormattedAsTheSpecimen) {
                       });
                   },
                   options));
-}
-
-// Repeated simple elements are an array of values, so that a collection of primitives reads back
-// as a collection.
-TEST(JsonWriterArrays, RepeatedValuesAreAnArrayOfValues) {
-    EXPECT_EQ(L"{\"r\": {\"v\": [1,2,3]}}", Json(Root([](CXmlWriter& w) {
-                  Collection(w, [](CXmlWriter& w) {
-                      for (const wchar_t* text : {L"1", L"2", L"3"})
-                          Value(w, L"v", text, itI4);
-                  });
-              })));
-    Options options;
-    options.format = true;
-    EXPECT_EQ(L"{\n\t\"r\": {\n\t\t\"v\": [\n\t\t\t\"a\",\n\t\t\t\"b\"\n\t\t]\n\t}\n}",
-              Json(Root([](CXmlWriter& w) {
-                       Collection(w, [](CXmlWriter& w) {
-                           Value(w, L"v", L"a");
-                           Value(w, L"v", L"b");
-                       });
-                   }),
-                   options));
-}
-
-TEST(JsonWriterArrays, MembersAfterACollectionAndCollectionsInARow) {
-    EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"b\": [{\"c\": 3},null],\"z\": \"end\"}}",
-              Json(Root([](CXmlWriter& w) {
-                  Collection(w, [](CXmlWriter& w) {
-                      Value(w, L"a", L"1", itI4);
-                      Value(w, L"a", L"2", itI4);
-                  });
-                  Collection(w, [](CXmlWriter& w) {
-                      Element(w, L"b", [](CXmlWriter& w) { Value(w, L"c", L"3", itI4); });
-                      Element(w, L"b", [](CXmlWriter& w) { w.WriteAttributeNil(); });
-                  });
-                  Value(w, L"z", L"end");
-              })));
-}
-
-// The items of a repeated group are elements of several names: each name change ends the array, so
-// that every element keeps its key and the order survives.
-TEST(JsonWriterArrays, ItemsOfSeveralNamesKeepTheirKeys) {
-    EXPECT_EQ(L"{\"r\": {\"a\": [1],\"b\": 2,\"a\": 3,\"b\": 4}}", Json(Root([](CXmlWriter& w) {
-                  Collection(w, [](CXmlWriter& w) {
-                      Value(w, L"a", L"1", itI4);
-                      Value(w, L"b", L"2", itI4);
-                      Value(w, L"a", L"3", itI4);
-                      Value(w, L"b", L"4", itI4);
-                  });
-              })));
-}
-
-TEST(JsonWriterArrays, TextAfterRepeatedChildrenClosesTheArray) {
-    EXPECT_EQ(L"{\"r\": {\"a\": [1,2],\"#text\": \"t\"}}", Json(Root([](CXmlWriter& w) {
-                  Collection(w, [](CXmlWriter& w) {
-                      Value(w, L"a", L"1", itI4);
-                      Value(w, L"a", L"2", itI4);
-                  });
-                  w.WriteString(L"t", itString, false);
-              })));
-}
-
-TEST(JsonWriterEmpty, NilIsNullAndNothingIsAnEmptyObject) {
-    EXPECT_EQ(L"{\"r\": {\"n\": null,\"e\": {},\"s\": \"\",\"a\": {\"@x\": 1,\"#text\": null}}}",
-              Json(Root([](CXmlWriter& w) {
-                  Element(w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); });
-                  Element(w, L"e", [](CXmlWriter&) {});
-                  Value(w, L"s", L"");
-                  Element(w, L"a", [](CXmlWriter& w) {
-                      w.WriteAttributeString(L"x", L"", L"1", itI4);
-                      w.WriteAttributeNil();
-                  });
-              })));
 }
 
 TEST(JsonWriterMisuse, ContentOutOfOrderIsRefused) {

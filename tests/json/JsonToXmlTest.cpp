@@ -1,5 +1,5 @@
-// JSON turned back into XML text: the reverse of the writer's mapping at each round-trip level, and
-// what XML cannot take.
+// JSON turned back into XML text where the writer's shapes do not reach (JsonTextWriterTest reads
+// those back): what the writer never writes, the lower levels, and what XML cannot take.
 
 #include <QxXmlLib16/binding/SerializationContext.h>
 #include <QxXmlLib16/foundation/Exceptions.h>
@@ -47,20 +47,8 @@ TEST_P(JsonToXml, ReversesTheWritersMapping) {
     "xmlns:" prefix "=\"http://www.w3.org/2001/XMLSchema-instance\" " prefix ":nil=\"true\""
 
 const XmlCase kXmlCases[] = {
-    {"Member", jrtFull, L"{\"a\": 1}", "<a>1</a>\n"},
-    {"AttributeAndText", jrtMarkers, L"{\"a\": {\"@x\": \"1\", \"#text\": \"t\"}}", "<a x=\"1\">t</a>\n"},
-    {"AttributeAndTextFull", jrtFull, L"{\"a\": {\"@x\": \"1\", \"#text\": \"t\"}}", "<a x=\"1\">t</a>\n"},
-    // An object of attributes alone closes its element.
-    {"OnlyAttributes", jrtMarkers, L"{\"r\": {\"a\": {\"@x\": \"1\"}, \"b\": 2}}",
-     "<r>\n\t<a x=\"1\"/>\n\t<b>2</b>\n</r>\n"},
     {"TextBeforeAChild", jrtMarkers, L"{\"r\": {\"#text\": \"t\", \"c\": {}}}", "<r>t\t<c/>\n</r>\n"},
-    {"ArrayOfObjects", jrtFull, L"{\"a\": [{\"b\": 1}, {\"b\": 2}]}",
-     "<a>\n\t<b>1</b>\n</a>\n<a>\n\t<b>2</b>\n</a>\n"},
-    {"ArrayOfValues", jrtFull, L"{\"r\": {\"v\": [1, \"x\", true, null], \"w\": 2}}",
-     "<r>\n\t<v>1</v>\n\t<v>x</v>\n\t<v>true</v>\n\t<v " XSI_NIL("AA") "/>\n\t<w>2</w>\n</r>\n"},
     {"EmptyArrayIsNoElement", jrtFull, L"{\"r\": {\"a\": [], \"b\": {}}}", "<r>\n\t<b/>\n</r>\n"},
-    {"NullIsNil", jrtFull, L"{\"r\": {\"n\": null, \"t\": {\"@x\": 1, \"#text\": null}}}",
-     "<r>\n\t<n " XSI_NIL("AA") "/>\n\t<t x=\"1\" " XSI_NIL("AA") "/>\n</r>\n"},
     {"NullAttributeIsLeftOut", jrtFull, L"{\"a\": {\"@x\": null, \"@y\": false}}", "<a y=\"false\"/>\n"},
     // The nil attribute's prefix is not one the document declares.
     {"DeclaredPrefixesAreKnown", jrtFull,
@@ -68,8 +56,6 @@ const XmlCase kXmlCases[] = {
      "<AA:r xmlns:AA=\"urn:r\" xmlns=\"urn:d\">\n\t<AA:n " XSI_NIL("AB") "/>\n</AA:r>\n"},
     {"MarkersArePlainNamesAtLevelZero", jrtNone, L"{\"r\": {\"x\": 1, \"y\": {\"z\": \"t\"}}}",
      "<r>\n\t<x>1</x>\n\t<y>\n\t\t<z>t</z>\n\t</y>\n</r>\n"},
-    {"Escaping", jrtFull, L"{\"a\": {\"@q\": \"\\\"<&\\n\", \"#text\": \"<&>\\\"\"}}",
-     "<a q=\"&quot;&lt;&amp;&#xA;\">&lt;&amp;&gt;\"</a>\n"},
     {"CharactersAboveTheBasicPlane", jrtFull, L"{\"a\": \"\\uD83D\\uDE00\x1F601\"}",
      "<a>\xF0\x9F\x98\x80\xF0\x9F\x98\x81</a>\n"},
 };

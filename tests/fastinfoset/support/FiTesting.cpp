@@ -1,6 +1,7 @@
 #include "FiTesting.h"
 
-#include <gtest/gtest.h>
+#include "support/Documents.h"
+
 #include <zlib.h>
 
 #include <algorithm>
@@ -9,7 +10,6 @@
 #include <cwchar>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <map>
 #include <sstream>
 
@@ -42,13 +42,11 @@ Octets ToOctets(const CBinaryData& data) {
     return Octets(data.GetData(), data.GetData() + data.GetLength());
 }
 
-Octets Body(const Octets& document) {
-    return document.size() < 5 ? Octets() : Octets(document.begin() + 5, document.end());
-}
-
-Octets Compressed(const Octets& octets, bool gzip) {
+// Not the library's compressor, which refuses data that does not shrink.
+Octets Compressed(const Octets& octets, CompressionType type) {
     z_stream stream = {};
-    if (deflateInit2(&stream, 1, Z_DEFLATED, gzip ? 31 : 15, 8, Z_DEFAULT_STRATEGY) != Z_OK) return Octets();
+    if (deflateInit2(&stream, 1, Z_DEFLATED, type == ctGzip ? 31 : 15, 8, Z_DEFAULT_STRATEGY) != Z_OK)
+        return Octets();
     Octets out(deflateBound(&stream, static_cast<uLong>(octets.size())) + 32);
     stream.next_in = const_cast<unsigned char*>(octets.data());
     stream.avail_in = static_cast<uInt>(octets.size());
@@ -60,13 +58,9 @@ Octets Compressed(const Octets& octets, bool gzip) {
     return out;
 }
 
-std::string SharedData(const std::string& relative) {
-    return std::string(QX_SHARED_DATA_DIR) + "/" + relative;
-}
-
 Octets ReadFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return Octets(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    const std::string bytes = Documents::ReadBytes(path);
+    return Octets(bytes.begin(), bytes.end());
 }
 
 void WriteFile(const std::string& path, const Octets& octets) {
@@ -74,8 +68,7 @@ void WriteFile(const std::string& path, const Octets& octets) {
 }
 
 void WriteFile(const std::string& path, const std::wstring& text) {
-    const std::string bytes = Utf8(text);
-    WriteFile(path, Octets(bytes.begin(), bytes.end()));
+    WriteFile(path, ToOctets(CEncoder::UnicodeToUtf8Binary(text.c_str())));
 }
 
 std::wstring Wide(const std::string& text) {
@@ -83,17 +76,15 @@ std::wstring Wide(const std::string& text) {
 }
 
 std::string Utf8(const std::wstring& text) {
-    std::string bytes(UnicodeToUTF8(text.data(), text.size(), nullptr, 0), '\0');
-    if (!bytes.empty())
-        UnicodeToUTF8(text.data(), text.size(), reinterpret_cast<unsigned char*>(&bytes[0]), bytes.size());
-    return bytes;
+    const Octets bytes = ToOctets(CEncoder::UnicodeToUtf8Binary(text.c_str()));
+    return std::string(bytes.begin(), bytes.end());
 }
 
 std::vector<std::string> VectorPaths() {
     std::vector<std::string> paths;
     std::error_code error; // a missing folder lists nothing, and the tests say so
     for (const char* folder : {"fi-vectors", "fi-vectors/crafted"})
-        for (const auto& entry : fs::directory_iterator(SharedData(folder), error))
+        for (const auto& entry : fs::directory_iterator(Documents::Shared(folder), error))
             if (entry.path().extension() == ".finf")
                 paths.push_back(entry.path().parent_path().string() + "/" + entry.path().stem().string());
     std::sort(paths.begin(), paths.end());
@@ -138,17 +129,12 @@ std::wstring Characters(const std::wstring& text) {
     return joined;
 }
 
-bool IsNumber(const std::wstring& text, double& value) {
-    if (text.empty()) return false;
-    wchar_t* end = nullptr;
-    value = std::wcstod(text.c_str(), &end);
-    return end == text.c_str() + text.size();
-}
-
 bool SameText(const std::wstring& expected, const std::wstring& actual, bool numbersByValue) {
     if (Characters(expected) == Characters(actual)) return true;
-    double a, b;
-    return numbersByValue && IsNumber(expected, a) && IsNumber(actual, b) && a == b;
+    wchar_t *endA = nullptr, *endB = nullptr;
+    const double a = std::wcstod(expected.c_str(), &endA), b = std::wcstod(actual.c_str(), &endB);
+    return numbersByValue && !expected.empty() && !actual.empty() && *endA == L'\0' && *endB == L'\0' &&
+           a == b;
 }
 
 std::map<std::wstring, std::wstring> Attributes(const CXmlElement& element) {
@@ -159,48 +145,32 @@ std::map<std::wstring, std::wstring> Attributes(const CXmlElement& element) {
     return attributes;
 }
 
-std::wstring NodeDifference(const CXmlElement& expected, const CXmlElement& actual, bool numbersByValue) {
-    if (expected.GetLocalName() != actual.GetLocalName() ||
-        expected.GetNamespaceURI() != actual.GetNamespaceURI())
-        return L"name {" + actual.GetNamespaceURI() + L"}" + actual.GetLocalName();
-    if (!SameText(expected.GetText(), actual.GetText(), numbersByValue))
-        return L"text [" + actual.GetText() + L"] instead of [" + expected.GetText() + L"]";
-    const auto left = Attributes(expected), right = Attributes(actual);
-    if (left.size() != right.size()) return L"attribute count";
-    for (auto a = left.begin(), b = right.begin(); a != left.end(); ++a, ++b)
-        if (a->first != b->first || !SameText(a->second, b->second, numbersByValue))
-            return L"attribute " + b->first + L"=[" + b->second + L"] instead of " + a->first + L"=[" +
-                   a->second + L"]";
-    return std::wstring();
-}
-
 } // namespace
 
 std::wstring TreeDifference(const CXmlElement& expected, const CXmlElement& actual, bool numbersByValue) {
-    const CXmlElement* a = &expected;
-    const CXmlElement* b = &actual;
-    for (;;) {
-        const std::wstring difference = NodeDifference(*a, *b, numbersByValue);
-        if (!difference.empty()) return a->GetXPath() + L": " + difference;
-        if (a->GetFirstElement() || b->GetFirstElement()) {
-            if (!a->GetFirstElement() || !b->GetFirstElement()) return a->GetXPath() + L": child count";
-            a = a->GetFirstElement();
-            b = b->GetFirstElement();
-            continue;
-        }
-        for (;;) {
-            if (a == &expected) return std::wstring();
-            if (a->GetNextSiblingElement() || b->GetNextSiblingElement()) {
-                if (!a->GetNextSiblingElement() || !b->GetNextSiblingElement())
-                    return a->GetParentElement()->GetXPath() + L": child count";
-                a = a->GetNextSiblingElement();
-                b = b->GetNextSiblingElement();
-                break;
-            }
-            a = a->GetParentElement();
-            b = b->GetParentElement();
-        }
+    std::vector<std::pair<const CXmlElement*, const CXmlElement*>> pending{{&expected, &actual}};
+    while (!pending.empty()) {
+        const CXmlElement& e = *pending.back().first;
+        const CXmlElement& a = *pending.back().second;
+        pending.pop_back();
+        const auto at = [&e] { return e.GetXPath() + L": "; }; // a walk to the root: only when needed
+        if (e.GetLocalName() != a.GetLocalName() || e.GetNamespaceURI() != a.GetNamespaceURI())
+            return at() + L"name {" + a.GetNamespaceURI() + L"}" + a.GetLocalName();
+        if (!SameText(e.GetText(), a.GetText(), numbersByValue))
+            return at() + L"text [" + a.GetText() + L"] instead of [" + e.GetText() + L"]";
+        const auto left = Attributes(e), right = Attributes(a);
+        if (!std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                        [&](const auto& x, const auto& y) {
+                            return x.first == y.first && SameText(x.second, y.second, numbersByValue);
+                        }))
+            return at() + L"attributes";
+        const CXmlElement* x = e.GetFirstElement();
+        const CXmlElement* y = a.GetFirstElement();
+        for (; x && y; x = x->GetNextSiblingElement(), y = y->GetNextSiblingElement())
+            pending.emplace_back(x, y);
+        if (x || y) return at() + L"child count";
     }
+    return std::wstring();
 }
 
 std::string TextDifference(const std::string& expected, const std::string& actual) {
@@ -232,8 +202,7 @@ std::string Reference(const std::string& direction,
                                 QX_TEST_SOURCE_DIR + "/fastinfoset/support/ReferenceBatch.java\" " +
                                 direction + " \"" + list + "\" >\"" + log + "\" 2>&1";
     if (std::system(command.c_str()) == 0) return std::string();
-    const Octets output = ReadFile(log);
-    return "the reference " + direction + "r failed: " + std::string(output.begin(), output.end());
+    return "the reference " + direction + "r failed: " + Documents::ReadBytes(log);
 }
 
 } // namespace FiTesting

@@ -6,7 +6,6 @@
 
 #include <QxXmlLib16/QxXmlLib16.h>
 
-#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -21,12 +20,9 @@ typedef std::vector<unsigned char> Octets;
 Octets FromHex(const std::string& hex);
 std::string Hex(const Octets& octets);
 Octets ToOctets(const QxXmlLib16::CBinaryData& data);
-// The octets of a document after the four of E0 00 00 01 and its optional-components octet.
-Octets Body(const Octets& document);
 // Deflated with the gzip or the zlib wrapper, however little it shrinks.
-Octets Compressed(const Octets& octets, bool gzip);
+Octets Compressed(const Octets& octets, QxXmlLib16::CompressionType type);
 
-std::string SharedData(const std::string& relative);
 Octets ReadFile(const std::string& path);
 void WriteFile(const std::string& path, const Octets& octets);
 void WriteFile(const std::string& path, const std::wstring& text); // as UTF-8

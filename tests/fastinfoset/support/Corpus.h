@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace FiDocuments {
+namespace FiCorpus {
 
 // A bound object to write, by name.
 struct Bound {
@@ -37,4 +37,4 @@ std::vector<Script> Scripts();
 std::wstring AsXml(const Script& script);
 FiTesting::Octets AsFastInfoset(const Script& script);
 
-} // namespace FiDocuments
+} // namespace FiCorpus

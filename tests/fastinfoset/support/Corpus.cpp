@@ -1,18 +1,19 @@
-#include "Documents.h"
+#include "Corpus.h"
+
+#include "support/Documents.h"
 
 #include "binding/support/ContentSchema.h"
 #include "binding/support/GroupsSchema.h"
 #include "binding/support/ProofDocuments.h"
 #include "binding/support/Trips.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 namespace fs = std::filesystem;
 using namespace QxXmlLib16;
 
-namespace FiDocuments {
+namespace FiCorpus {
 
 std::vector<Bound> SchemaObjects() {
     typedef CSmartPtr<CXmlObjectBase> Object;
@@ -42,12 +43,10 @@ std::vector<Bound> SchemaObjects() {
 }
 
 std::vector<std::string> GpxFiles() {
-    std::vector<std::string> files;
-    std::error_code error; // a missing folder lists nothing, and the tests say so
-    for (const auto& entry : fs::directory_iterator(FiTesting::SharedData("gpx"), error))
-        if (entry.path().extension() == ".gpx") files.push_back(entry.path().string());
-    std::sort(files.begin(), files.end());
-    files.push_back(FiTesting::SharedData("gpx/long-decimals/garmin-connect-bikeride.gpx"));
+    std::vector<std::string> files = Documents::SharedFiles("gpx", ".gpx");
+    files.push_back("gpx/long-decimals/garmin-connect-bikeride.gpx");
+    for (std::string& file : files)
+        file = Documents::Shared(file);
     return files;
 }
 
@@ -82,9 +81,11 @@ void Text(CXmlWriter& w, const std::wstring& name, const std::wstring& text) {
 }
 
 // Element names past the two- and three-octet forms on the third bit, attribute names past the
-// two-octet form on the second, then written again by index.
+// two-octet form on the second, then written again by index; local names of each length form.
 void Names(CXmlWriter& w) {
     w.WriteStartElement(L"names", L"");
+    for (size_t length : {64, 65, 320, 321})
+        Text(w, std::wstring(length, L'n'), L"");
     for (int i = 0; i < 2100; ++i)
         Text(w, L"e" + std::to_wstring(i), L"");
     for (int round = 0; round < 2; ++round) {
@@ -197,4 +198,4 @@ FiTesting::Octets AsFastInfoset(const Script& script) {
                               [&](CFastInfosetWriter& writer) { script.write(writer); });
 }
 
-} // namespace FiDocuments
+} // namespace FiCorpus
