@@ -1,12 +1,12 @@
-// Large and hostile shapes of XML text: files streamed through the element-complete callback, one
-// enormous text, elements with a great many attributes or namespace declarations, a great many
-// siblings. Sizes stay modest here; bench/hostile_bench.cpp measures time and memory at full size.
+// Large and hostile shapes of XML text: files streamed through the element-complete callback and an
+// element with a great many namespace declarations (enormous texts, attributes and sibling lists
+// are proven through the bindings). Sizes stay modest here; bench/hostile_bench.cpp measures time
+// and memory at full size.
 
 #include "support/TempFile.h"
 
 #include <QxXmlLib16/foundation/Exceptions.h>
 #include <QxXmlLib16/foundation/QxZip.h>
-#include <QxXmlLib16/xml/XmlAttribute.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 #include <QxXmlLib16/xml/XmlElement.h>
 
@@ -114,56 +114,17 @@ TEST(StreamedFile, CompressedAndEmptyFilesAsWithoutCallback) {
     EXPECT_NE(L"(no exception)", LoadFailure(withCallback, empty.Name()));
 }
 
-// One text of 16 MB, arriving from the parser in many runs, with line ends and references split
-// anywhere among them.
-TEST(HugeShapes, OneEnormousTextArrivesWhole) {
-    const std::string unit = "line &lt;&amp;&gt; of text\r\n";
-    std::string xml = "<a>";
-    const size_t units = (16u << 20) / unit.size();
-    for (size_t i = 0; i < units; ++i)
-        xml += unit;
-    xml += "</a>";
-    CXmlDocument document;
-    document.LoadXmlStream(reinterpret_cast<unsigned char*>(&xml[0]), static_cast<unsigned long>(xml.size()));
-    const std::wstring& text = document.GetDocumentElement()->GetText();
-    const std::wstring expected = L"line <&> of text\n";
-    ASSERT_EQ(units * expected.size(), text.size());
-    for (size_t at = 0; at < text.size(); at += expected.size() * 4099)
-        ASSERT_EQ(expected, text.substr(at, expected.size())) << at;
-}
-
-// Many attributes or namespace declarations on one element, many siblings: all kept, in order.
-TEST(HugeShapes, WideElementsAndLongSiblingLists) {
+// Namespace declarations by the hundred thousand on one element: all kept, both ways of looking up.
+TEST(HugeShapes, ManyNamespaceDeclarations) {
     const int count = 200000;
-    std::string attributes = "<a xmlns:q='urn:q'", declarations = "<a", siblings = "<a>";
-    for (int i = 0; i < count; ++i) {
-        const std::string n = std::to_string(i);
-        attributes += " q:a" + n + "='" + n + "'";
-        declarations += " xmlns:p" + n + "='urn:" + n + "'";
-        siblings += "<b>" + n + "</b>";
-    }
+    std::string declarations = "<a";
+    for (int i = 0; i < count; ++i)
+        declarations += " xmlns:p" + std::to_string(i) + "='urn:" + std::to_string(i) + "'";
     CXmlDocument document;
-    document.LoadXml((attributes + "/>").c_str());
-    const auto& read = document.GetDocumentElement()->GetAttributes();
-    ASSERT_EQ(static_cast<size_t>(count), read.size());
-    EXPECT_EQ(L"a199999", read.back()->GetLocalName());
-    EXPECT_EQ(L"urn:q", read.back()->GetNamespaceURI());
-    EXPECT_EQ(L"199999", document.GetDocumentElement()->GetAttribute(L"a199999", L"urn:q"));
-
     document.LoadXml((declarations + "/>").c_str());
     EXPECT_EQ(static_cast<size_t>(count), document.GetAliasMap().size());
     EXPECT_EQ(L"urn:199999", document.LookupNamespaceFromAlias(L"p199999"));
     EXPECT_EQ(L"p199999", document.LookupAliasFromNamespace(L"urn:199999"));
-
-    document.LoadXml((siblings + "</a>").c_str());
-    int seen = 0;
-    const CXmlElement* last = nullptr;
-    for (const CXmlElement* b = document.GetDocumentElement()->GetFirstElement(); b;
-         b = b->GetNextSiblingElement())
-        ++seen, last = b;
-    EXPECT_EQ(count, seen);
-    EXPECT_EQ(L"199999", last->GetText());
-    EXPECT_EQ(L"/a/b[200000]", last->GetXPath());
 }
 
 namespace {
