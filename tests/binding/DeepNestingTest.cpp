@@ -3,6 +3,7 @@
 // contains itself stop at kMaxObjectDepth with a clear error instead of exhausting the stack.
 #include <QxXmlLib16/QxXmlLib16.h>
 
+#include "binding/support/TestSchema.h"
 #include "support/Failure.h"
 
 #include <gtest/gtest.h>
@@ -10,12 +11,10 @@
 #include <string>
 
 using namespace QxXmlLib16;
-using namespace QxXmlLib16Data;
 
 namespace {
 
 constexpr int kMillion = 1000000;
-const wchar_t* const kNodeNamespace = L"urn:node";
 
 // "<a xmlns='urn:x'><a>...<a>leaf</a>...</a></a>" with depth elements; the deepest may take another
 // namespace.
@@ -60,69 +59,31 @@ const CElement* Deepest(const CElement* element) {
     return element;
 }
 
-// A schema type that contains itself: <node><node>...</node></node>, each with an optional child.
-class CNode : public CXmlGeneratedClass {
-public:
-    explicit CNode(const wchar_t* elementName = L"node") { SetElementName(elementName); }
-
-    CNode* GetChild() const { return m_child.Get(); }
-    void SetChild(CNode* child) { m_child = child; }
-
-    int AccessProperty(int propertyNumber, bool read, QxVariant& value) override {
-        if (propertyNumber != 1) throw CQxInvalidParamException(L"Unknown property number");
-        if (read)
-            value.SetXmlObject(m_child.Get());
-        else
-            m_child = dynamic_cast<CNode*>(value.GetXmlObject().Get());
-        return 0;
-    }
-    const CParentElementInfo* GetClassInfo() const override { return MetaData().GetClassInfo(); }
-    CElementInfo* const* GetClassElementInfo() const override { return MetaData().GetElements(); }
-    CAttributeInfo* const* GetClassAttributeInfo() const override { return MetaData().GetAttributes(); }
-    void OnBeforeFromXml(CXmlElement*, CXmlElement*, const CSerializationContext&, bool) override {
-        m_child = nullptr;
-    }
-    CXmlObjectBase* GetBase() override { return this; }
-    std::wstring GetTargetNamespace() const override { return kNodeNamespace; }
-    std::wstring GetNamespace() const override { return kNodeNamespace; }
-
-private:
-    static CSmartPtr<CXmlObjectBase> Create(int, const wchar_t* elementName) {
-        return new CNode(elementName);
-    }
-    static const CClassMetaData& MetaData() {
-        static const CClassMetaData data(
-            new CParentElementInfo(egSequence, etElement, L"Node", kNodeNamespace, true, false, -1, itNone,
-                                   L"", false),
-            {new CElementInfoSeqClsOpt(L"node", kNodeNamespace, 1, etElement, Create, 0)}, {});
-        return data;
-    }
-
-    CSmartPtr<CNode> m_child;
-};
+using TestSchema::CNode;
+const std::wstring kNodeNamespace = TestSchema::kNamespace;
 
 std::wstring Nodes(int depth) {
     std::wstring xml;
     for (int i = 0; i < depth; ++i)
-        xml += i == 0 ? L"<node xmlns=\"urn:node\">" : L"<node>";
+        xml += i == 0 ? L"<node xmlns=\"" + kNodeNamespace + L"\">" : L"<node>";
     for (int i = 0; i < depth; ++i)
         xml += L"</node>";
     return xml;
 }
 
 CSmartPtr<CNode> NodeChain(int depth) {
-    CSmartPtr<CNode> root(new CNode());
+    CSmartPtr<CNode> root(new CNode(L"node"));
     CNode* last = root.Get();
     for (int i = 1; i < depth; ++i) {
-        last->SetChild(new CNode());
-        last = last->GetChild();
+        last->SetNode(new CNode(L"node"));
+        last = last->GetNode();
     }
     return root;
 }
 
 int DepthOf(const CNode* node) {
     int depth = 0;
-    for (; node; node = node->GetChild())
+    for (; node; node = node->GetNode())
         ++depth;
     return depth;
 }
@@ -180,13 +141,13 @@ TEST(RecursiveSchemaType, ReadsAndWritesUpToTheLimitAndRefusesOneLevelMore) {
     const Failure tooDeep{L"The element [node] is nested more than 256 objects deep.",
                           NodePath(kMaxObjectDepth + 1)};
     for (const int depth : {kMaxObjectDepth + 1, kMillion}) {
-        CSmartPtr<CNode> node(new CNode());
+        CSmartPtr<CNode> node(new CNode(L"node"));
         EXPECT_EQ(FailureOf([&] { node->FromXml(Nodes(depth).c_str()); }), tooDeep) << depth;
     }
     EXPECT_EQ(FailureOf([] { NodeChain(kMaxObjectDepth + 1)->ToXml(false, false); }).message,
               tooDeep.message);
 
-    CSmartPtr<CNode> node(new CNode());
+    CSmartPtr<CNode> node(new CNode(L"node"));
     node->FromXml(Nodes(kMaxObjectDepth).c_str());
     EXPECT_EQ(DepthOf(node.Get()), kMaxObjectDepth);
     EXPECT_TRUE(SameText(node->ToXml(false, false), Written(kMaxObjectDepth, L"node", kNodeNamespace, L"")));
