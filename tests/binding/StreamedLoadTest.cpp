@@ -107,10 +107,7 @@ std::vector<Case> GroupsCases() {
         L"<note>after</note>", L"<note xmlns:a=\"urn:qx:test:groups\">after</note>");
     return {
         {"Valid", valid, false},
-        {"ChoiceWithNoneCountsLaterPicks", emptyPick, false},
         {"FirstOfManyNamedWithPosition", Replace(valid, L"<item id=\"1\"/>", L"<item id=\"x\"/>"), false},
-        {"FacetInRepeatedChoice", Replace(valid, L"<count>3</count>", L"<count>-3</count>"), false},
-        {"InlineGroupContentMissing", Replace(valid, L"<by>me</by>", L""), false},
         {"AliasDeclaredFurtherOn", Replace(prefixed, L"<item id=\"1\"/>", L"<item id=\"x\"/>"), false},
         {"MismatchedTagAfterContentFault",
          Replace(emptyPick, kMismatchedTail, L"<count>8</count><label></groups>"), false},
