@@ -219,30 +219,6 @@ const Shape kShapes[] = {
              L"urn:r");
      },
      L"{\"r\": {\"@xmlns\": \"urn:r\",\"a\": 1}}", rbLevelTwo},
-    {"Namespaces",
-     [](CXmlWriter& w) {
-         w.SetDefaultNamespace(L"urn:d");
-         w.AddNamespace(L"p", L"urn:p");
-         w.AddNamespace(L"xsi", CXmlWriter::XSI_NAMESPACE);
-         Element(
-             w, L"r",
-             [](CXmlWriter& w) {
-                 w.WriteAttributeString(L"a", L"urn:p", L"1", itString);
-                 w.WriteAttributeType(L"urn:p", L"T", itString);
-                 Element(
-                     w, L"c", [](CXmlWriter& w) { Value(w, L"d", L"x"); }, L"urn:p");
-                 Element(
-                     w, L"n", [](CXmlWriter& w) { w.WriteAttributeNil(); }, L"urn:p");
-             },
-             L"urn:d");
-     },
-     nullptr, rbLevelTwo},
-    {"RootPrefixMadeByTheWriter",
-     [](CXmlWriter& w) {
-         Element(
-             w, L"r", [](CXmlWriter& w) { Value(w, L"v", L"1"); }, L"urn:r");
-     },
-     L"{\"AA:r\": {\"@xmlns:AA\": \"urn:r\",\"v\": \"1\"}}", rbLevelTwo},
     {"KeysAtTheMarkersLevel", AttributeAndText, L"{\"r\": {\"a\": {\"@x\": \"1\",\"#text\": \"t\"}}}",
      rbEveryLevel, Options{jrtMarkers}},
     {"KeysWithoutRoundTrip", AttributeAndText, L"{\"r\": {\"a\": {\"x\": \"1\",\"\": \"t\"}}}", rbEveryLevel,
