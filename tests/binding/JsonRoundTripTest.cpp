@@ -156,17 +156,6 @@ TEST_P(JsonProof, PythonReadsWhatWeWriteAndEstablishedEscapingReadsBackWhereTheS
 INSTANTIATE_TEST_SUITE_P(Bindings, JsonProof, testing::ValuesIn(kCases),
                          [](const testing::TestParamInfo<ProofCase>& info) { return info.param.name; });
 
-TEST(JsonRoundTripLosses, EstablishedEscapingDropsLineFeeds) {
-    const CSmartPtr<TestSchema::CTrip> trip = Trips::Full();
-    CSerializationContext context = Context(kCases[1], jrtFull, false);
-    CSmartPtr<TestSchema::CTrip> copy(new TestSchema::CTrip);
-    copy->FromJson(trip->ToJson(true, eolLF, context).c_str(), context);
-    EXPECT_EQ(std::wstring(L"Windyon the cliffs"), copy->GetNote().value());
-    context.GetJsonContext()->SetRfc8259Escaping(true);
-    copy->FromJson(trip->ToJson(true, eolLF, context).c_str(), context);
-    EXPECT_EQ(std::wstring(L"Windy\non the cliffs"), copy->GetNote().value());
-}
-
 TEST(JsonRoundTripLosses, WhatTheLowerLevelsCannotCarry) {
     // Level 0: an element's text beside its attributes has an empty key, which reads back as nothing.
     CSerializationContext context = Context(kCases[0], jrtNone, true);

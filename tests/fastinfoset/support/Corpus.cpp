@@ -81,7 +81,8 @@ void Text(CXmlWriter& w, const std::wstring& name, const std::wstring& text) {
 }
 
 // Element names past the two- and three-octet forms on the third bit, attribute names past the
-// two-octet form on the second, then written again by index; local names of each length form.
+// two-octet form on the second, then written again by index on both sides of each bound; local
+// names of each length form.
 void Names(CXmlWriter& w) {
     w.WriteStartElement(L"names", L"");
     for (size_t length : {64, 65, 320, 321})
@@ -93,13 +94,14 @@ void Names(CXmlWriter& w) {
         for (int i = 0; i < 70; ++i)
             w.WriteAttributeString(L"a" + std::to_wstring(i), L"", L"v", itString);
         w.WriteEndElement();
-        Text(w, L"e40", L"");
+        for (int i : {26, 27, 2074, 2075}) // indexes 32, 33, 2080, 2081
+            Text(w, L"e" + std::to_wstring(i), L"");
     }
     w.WriteEndElement();
 }
 
 // Attribute values past the three-octet form on the second bit, chunks past the four-octet form
-// on the fourth; the first and the last again by index.
+// on the fourth; again by index the first, the last, and both sides of each bound.
 void Values(CXmlWriter& w) {
     w.WriteStartElement(L"values", L"");
     for (int i = 0; i < 8300; ++i) {
@@ -109,12 +111,12 @@ void Values(CXmlWriter& w) {
     }
     for (int i = 0; i < 263200; ++i)
         Text(w, L"t", Short(i));
-    for (int i : {0, 8299}) {
+    for (int i : {0, 63, 64, 8255, 8256, 8299}) { // index i + 1
         w.WriteStartElement(L"v", L"");
         w.WriteAttributeString(L"a", L"", Short(i), itString);
         w.WriteEndElement();
     }
-    for (int i : {0, 1040, 263184, 263199})
+    for (int i : {0, 15, 16, 1039, 1040, 263183, 263184, 263199})
         Text(w, L"t", Short(i));
     w.WriteEndElement();
 }
