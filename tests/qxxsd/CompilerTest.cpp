@@ -296,6 +296,16 @@ TEST(Output, SameSchemasSameBytes) {
     }
 }
 
+// A global element of no type binds to no class; alone in a schema it once named one all the same.
+TEST(Output, AnUntypedGlobalElementIsNoRoot) {
+    Schemas schemas;
+    const CompileResult result =
+        Compile({schemas.AddSchema("schema.xsd", "<xs:element name='a' fixed='x'/>")});
+    ASSERT_FALSE(result.files.empty());
+    for (const auto& file : result.files)
+        EXPECT_EQ(std::string::npos, file.second.find("L\"a\"")) << Cases::Utf8(file.first);
+}
+
 TEST(Output, OneSourcePerSchemaNamed) {
     Schemas schemas;
     const std::wstring first =

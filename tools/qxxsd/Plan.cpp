@@ -937,8 +937,8 @@ struct CPlanner::Impl {
         while (!pending.empty())
             Fill(pending.front().first);
         for (const Element* element : set.elementOrder)
-            if (element->type.complex && uses[element->type.complex] == 1 &&
-                !element->type.complex->name.empty())
+            if (element->type.complex && element->type.complex != anyType &&
+                uses[element->type.complex] == 1 && !element->type.complex->name.empty())
                 classOf[element->type.complex]->elementName = element->name.local;
         Order();
         return model;
