@@ -11,7 +11,6 @@
 #include <QxXmlLib16/values/QxVariant.h>
 #include <QxXmlLib16/xml/XmlDocument.h>
 
-#include "xml/ErrorLocator.h"
 #include "xml/StreamedLoad.h"
 
 #include <cstdio>

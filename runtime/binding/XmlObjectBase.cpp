@@ -18,7 +18,6 @@
 #include <QxXmlLib16/xml/XmlTextWriter.h>
 
 #include "foundation/EncodingTextStream.h"
-#include "xml/ErrorLocator.h"
 #include "xml/StreamedLoad.h"
 
 #include <optional>
